@@ -1,0 +1,43 @@
+#pragma once
+// The race file: one whole document as text. The writer builds the file in one buffer and
+// writes it in one go after the backup; the reader reads the whole file and walks its fields.
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/date_time.h"
+
+namespace tt {
+
+class FieldReader;
+
+inline constexpr const char* kFormatVersion = "2.01";
+inline constexpr const char* kProduct = "Tamberlin Tally";
+
+// Returns the text with every double quote replaced by a single quote.
+std::string CleanText(std::string text);
+// Overwrites each occurrence of search in place with as many characters of replacement.
+std::string ReplaceAll(std::string text, std::string_view search, std::string_view replacement);
+
+// The bytes of the whole document as the writer saves it, stamped with the given time. Puts
+// the texts that must not hold a double quote through CleanText and stores them back.
+std::string BuildRaceFileText(const DateTime& saved);
+
+// Writes the document to FilePath after a backup. Sets CancelFlag to -1 on failure.
+void WriteRaceFile();
+
+// Clears the document, reads FilePath and brings the screens up to date.
+void OpenRaceFile();
+
+// Where the reader stands, for its error messages.
+struct ReadProgress {
+    std::string field;        // the tag of the record being read
+    std::int64_t count = 0;   // records seen
+};
+
+// The record loops, for the current format and for version 1.0 files.
+void ReadRaceFile20(FieldReader& in, ReadProgress& progress);
+void ReadRaceFile10(FieldReader& in, ReadProgress& progress);
+
+}  // namespace tt

@@ -1,0 +1,112 @@
+#include "files/recovery_file.h"
+
+#include "files/field_reader.h"
+#include "model/number_text.h"
+#include "model/ports.h"
+
+namespace tt {
+
+void RecoveryFailure(const char* stage, int number, const std::string& text, const std::string& source) {
+    RF.RecoveryFlag = false;
+    MsgBox(JoinParts({std::string("The system has detected an unexpected error") + kCrLf + stage +
+                          " the Recovery File!",
+                      "Use of Recovery File has been turned off!", "Use Edit/RaceCard to reset it!",
+                      "Error #" + std::to_string(number) + ":  " + text + ", Source:  " + source}),
+           Buttons::kOK, Icon::kExclamation);
+}
+
+void TestRecoveryFile() {
+    if (!RF.RecoveryFlag) return;
+    CloseRecoveryChannel();
+    try {
+        Files().Append(RF.RecoveryFile, {});
+    } catch (const std::exception& e) {
+        AppError err = ToAppError(e);
+        RecoveryFailure("opening", err.Number(), err.Text(), err.Source());
+    }
+}
+
+void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t fileId) {
+    auto text = [&](const std::string& s) { out += '"'; out += s; out += "\","; };
+    auto num = [&](std::int64_t v) { AppendFileNumber(v, out); out += ','; };
+    auto money = [&](Currency c) { AppendFileNumber(out, c); out += ','; };
+    auto flag = [&](Flag f) { out += f ? "#TRUE#," : "#FALSE#,"; };
+    text(kRecoveryTag);
+    text(kRecoveryVersion);
+    out += '#';
+    out += row.When.Text();
+    out += "#,";
+    num(fileId);
+    text(row.Action);
+    num(row.TicketNbr);
+    num(row.Race);
+    num(row.Bettor);
+    money(row.Collected);
+    money(row.Distributed);
+    money(row.OldCost);
+    money(row.Winnings);
+    money(row.BetAmt);
+    num(row.BetType);
+    flag(row.Boxed);
+    money(row.BetCost);
+    money(row.PriorWinnings);
+    num(row.WinningsWhole);
+    num(row.OrigBetIdx);
+    for (int k = 1; k <= 6; ++k) num(row.Pick(k));
+    out += "\r\n";
+}
+
+void ReadRecoveryRest(FieldReader& in, RecoveryRow& row) {
+    row.Action = in.ReadText();
+    row.TicketNbr = in.ReadInt32();
+    row.Race = in.ReadInt16();
+    row.Bettor = in.ReadInt16();
+    row.Collected = in.ReadCurrency();
+    row.Distributed = in.ReadCurrency();
+    row.OldCost = in.ReadCurrency();
+    row.Winnings = in.ReadCurrency();
+    row.BetAmt = in.ReadCurrency();
+    row.BetType = in.ReadInt16();
+    row.Boxed = in.ReadFlag();
+    row.BetCost = in.ReadCurrency();
+    row.PriorWinnings = in.ReadCurrency();
+    row.WinningsWhole = in.ReadInt16();
+    row.OrigBetIdx = in.ReadInt32();
+    for (int k = 1; k <= 6; ++k) row.Pick(k) = in.ReadInt16();
+    if (!in.AtEnd()) in.Next();  // the empty field after the trailing comma
+}
+
+void ClearOldRecovery(std::int16_t days) {
+    CloseRecoveryChannel();
+    try {
+        std::string data = Files().ReadAll(RF.RecoveryFile);
+        FieldReader in(data);
+        std::vector<RecoveryRow> rows;
+        const double now = Clock().Now().Serial();
+        while (!in.AtEnd()) {
+            if (in.Next() != kRecoveryTag) continue;
+            if (in.ReadText() != kRecoveryVersion) {
+                Beep();
+                MsgBox(JoinParts({"Recovery File is not for this version of the software!",
+                                  "Recovery will be turned off!"}),
+                       Buttons::kOK, Icon::kExclamation);
+                RF.RecoveryFlag = false;
+                return;
+            }
+            RecoveryRow row;
+            row.When = in.ReadDate();
+            row.FileId = in.ReadInt16();
+            if (now - row.When.Serial() > days && row.FileId == RF.FileId) continue;
+            ReadRecoveryRest(in, row);
+            rows.push_back(std::move(row));
+        }
+        std::string out;
+        for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
+        Files().WriteAll(RF.RecoveryFile, out);
+    } catch (const std::exception& e) {
+        AppError err = ToAppError(e);
+        RecoveryFailure("processing", err.Number(), err.Text(), err.Source());
+    }
+}
+
+}  // namespace tt

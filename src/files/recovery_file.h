@@ -1,0 +1,59 @@
+#pragma once
+// The recovery file: a log of closed transactions, one line per bet, from which lost tickets
+// can be put back.
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/race_file.h"
+
+namespace tt {
+
+class FieldReader;
+
+inline constexpr const char* kRecoveryTag = "%TTRecv`";
+inline constexpr const char* kRecoveryVersion = "2.0";
+
+// One line of the recovery file.
+struct RecoveryRow {
+    DateTime When;
+    Int16 FileId;
+    std::string Action;  // four characters, such as "New "
+    Int32 TicketNbr;
+    Int16 Race;
+    Int16 Bettor;
+    Currency Collected;
+    Currency Distributed;
+    Currency OldCost;
+    Currency Winnings;
+    Currency BetAmt;
+    Int16 BetType;
+    Flag Boxed;
+    Currency BetCost;
+    Currency PriorWinnings;
+    Int16 WinningsWhole;
+    Int32 OrigBetIdx;
+    FixedArray<Int16, 1, 6> Pick;
+    Flag Include;
+};
+
+// Appends the line of a row, stamped with the given file identity.
+void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t fileId);
+// Reads the fields after a row's FileId, and the empty field that ends the line.
+void ReadRecoveryRest(FieldReader& in, RecoveryRow& row);
+// The warning shown when the recovery file fails; "opening" or "processing" names the stage.
+void RecoveryFailure(const char* stage, int number, const std::string& text, const std::string& source);
+
+// The file is never held open between operations; closing the channel is a no-op kept for
+// the places that close it.
+inline void CloseRecoveryChannel() {}
+
+// With RecoveryFlag on, opens the recovery file for append and closes it again, turning the
+// log off with a message when that fails.
+void TestRecoveryFile();
+
+// Drops the records of the open file older than the given number of days.
+void ClearOldRecovery(std::int16_t days);
+
+}  // namespace tt

@@ -1,0 +1,196 @@
+#pragma once
+// Everything the core asks of the outside world. The program installs implementations over
+// Qt, the companion over the console, and the tests scripted fakes, so that the exact text of
+// every box, every file written and every printed line can be checked.
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/date_time.h"
+
+namespace tt {
+
+// ---- Message boxes ------------------------------------------------------------------------
+
+enum class Buttons { kOK, kOKCancel, kYesNo, kYesNoCancel };
+enum class Icon { kNone, kExclamation, kInformation, kQuestion, kCritical };
+// The answers, numbered as the questions report them.
+enum Answer : int { kOK = 1, kCancel = 2, kYes = 6, kNo = 7 };
+
+inline constexpr const char* kDefaultTitle = "Tamberlin Tally";
+// Joints of message parts: a line break, a line feed and a carriage return, and the blank line
+// between parts.
+inline constexpr const char* kCrLf = "\r\n";
+inline constexpr const char* kLfCr = "\n\r";
+inline constexpr const char* kPartBreak = "\n\r\n";
+
+struct MessageRequest {
+    std::string text;
+    Buttons buttons = Buttons::kOK;
+    Icon icon = Icon::kNone;
+    std::string title;       // empty: "Tamberlin Tally"
+    int defaultButton = 0;   // 0 = first button
+};
+
+class MessagePort {
+public:
+    virtual ~MessagePort() = default;
+    virtual int Show(const MessageRequest& request) = 0;
+    virtual void Beep() = 0;
+};
+
+// ---- File dialogs -------------------------------------------------------------------------
+
+struct FileDialogRequest {
+    std::string title;
+    std::string filter;       // "Description (*.ext)|*.ext|All (*.*)|*.*"
+    std::string initialName;
+    std::string defaultExt;
+    bool overwritePrompt = false;
+};
+
+class FileDialogPort {
+public:
+    virtual ~FileDialogPort() = default;
+    // Nothing when the user cancels.
+    virtual std::optional<std::string> Open(const FileDialogRequest& request) = 0;
+    virtual std::optional<std::string> Save(const FileDialogRequest& request) = 0;
+};
+
+// ---- Per-user settings, section "Settings" of "TamberlinTally" ----------------------------
+
+class SettingsPort {
+public:
+    virtual ~SettingsPort() = default;
+    virtual std::optional<std::string> Get(const std::string& key) = 0;
+    virtual void Set(const std::string& key, const std::string& value) = 0;
+};
+
+// ---- Clock and random numbers -------------------------------------------------------------
+
+class ClockPort {
+public:
+    virtual ~ClockPort() = default;
+    virtual DateTime Now() = 0;               // local time, to the second
+    virtual std::int64_t MonotonicMs() = 0;   // for waits
+};
+
+class RandomPort {
+public:
+    virtual ~RandomPort() = default;
+    virtual void Randomize() = 0;  // seeds from the clock
+    virtual double Rnd() = 0;      // uniform in [0, 1)
+};
+
+// ---- Files --------------------------------------------------------------------------------
+
+// Whole-file operations; each raises the program's error (file not found, disk full, ...) on
+// failure.
+class FileSystemPort {
+public:
+    virtual ~FileSystemPort() = default;
+    virtual std::string ReadAll(const std::string& path) = 0;
+    virtual void WriteAll(const std::string& path, std::string_view data) = 0;
+    virtual void Append(const std::string& path, std::string_view data) = 0;
+    virtual void Rename(const std::string& from, const std::string& to) = 0;
+    virtual void Remove(const std::string& path) = 0;
+};
+
+// ---- The printer --------------------------------------------------------------------------
+
+// Fixed-pitch lines; the core lays out the character columns. Heights are in twips.
+class PrinterPort {
+public:
+    virtual ~PrinterPort() = default;
+    virtual void SetFont(const std::string& name, int size) = 0;
+    virtual void SetBold(bool bold) = 0;
+    virtual int Copies() = 0;
+    virtual void SetCopies(int copies) = 0;
+    virtual double TextHeight(const std::string& text) = 0;
+    virtual double PageHeight() = 0;
+    // Prints one line; the document opens by itself with the first line.
+    virtual void PrintLine(const std::string& text) = 0;
+    virtual void NewPage() = 0;
+    virtual void EndDoc() = 0;
+    // The printer set-up dialog; false when cancelled.
+    virtual bool SetupDialog() = 0;
+};
+
+// ---- The main window as the core sees it --------------------------------------------------
+
+class ShellPort {
+public:
+    virtual ~ShellPort() = default;
+    virtual void SetBusy(bool busy) = 0;         // the busy mouse pointer
+    virtual void DoEvents() = 0;                 // yield to the event loop
+    virtual void SetTitle(const std::string& title) = 0;
+    virtual void ShowMru(const std::array<std::string, 4>& captions) = 0;
+    // The commands that need an open card, and those that need a race.
+    virtual void EnableFileGroup(bool on) = 0;
+    virtual void EnableRaceGroup(bool on) = 0;
+    // Unloads the child windows; one that refuses sets CancelFlag to -1.
+    virtual void CloseChildWindows() = 0;
+    virtual void ShowLogo() = 0;
+    // Shows the race card modally, owned by the main window.
+    virtual void ShowRaceCard() = 0;
+    // Unloads the odds and payout displays (and, at exit, the betting window).
+    virtual void UnloadDisplays(bool withTransaction) = 0;
+};
+
+// ---- The installed ports ------------------------------------------------------------------
+
+struct Ports {
+    MessagePort* message = nullptr;
+    FileDialogPort* fileDialog = nullptr;
+    SettingsPort* settings = nullptr;
+    ClockPort* clock = nullptr;
+    RandomPort* random = nullptr;
+    FileSystemPort* files = nullptr;
+    PrinterPort* printer = nullptr;
+    ShellPort* shell = nullptr;
+};
+
+// The ports in use. Unset ports fall back to defaults: the real file system, the system clock
+// and random generator, settings in memory, a printer and a shell that do nothing, and message
+// boxes that answer with their default button.
+Ports& CurrentPorts();
+MessagePort& Msg();
+FileDialogPort& Dialogs();
+SettingsPort& Settings();
+ClockPort& Clock();
+RandomPort& Random();
+FileSystemPort& Files();
+PrinterPort& Printer();
+ShellPort& Shell();
+
+// Installs a set of ports for as long as it lives, and puts back the previous set after.
+class PortsScope {
+public:
+    explicit PortsScope(const Ports& ports);
+    ~PortsScope();
+    PortsScope(const PortsScope&) = delete;
+    PortsScope& operator=(const PortsScope&) = delete;
+
+private:
+    Ports saved_;
+};
+
+// The real file system.
+std::unique_ptr<FileSystemPort> MakeRealFileSystem();
+std::unique_ptr<ClockPort> MakeSystemClock();
+std::unique_ptr<RandomPort> MakeSystemRandom();
+
+// ---- Helpers over the ports ---------------------------------------------------------------
+
+int MsgBox(const std::string& text, Buttons buttons = Buttons::kOK, Icon icon = Icon::kNone,
+           const std::string& title = {}, int defaultButton = 0);
+void Beep(int times = 1);
+// Joins message parts with the blank line (LF CR LF).
+std::string JoinParts(std::initializer_list<std::string> parts);
+
+}  // namespace tt

@@ -1,0 +1,169 @@
+#pragma once
+// Scripted ports for the tests: message boxes answered in advance and recorded, settings in a
+// map, a clock set by hand, fixed random numbers, an in-memory file system that can be made
+// to fail, a printer that records its lines, and a shell that records what it was told.
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "model/ports.h"
+
+namespace tt::test {
+
+class ScriptedMessages : public MessagePort {
+public:
+    // Answers the next boxes in turn; a box with no answer left takes its default button.
+    void Answer(int answer) { answers_.push_back(answer); }
+    int Show(const MessageRequest& request) override;
+    void Beep() override { ++beeps; }
+
+    std::vector<MessageRequest> shown;
+    int beeps = 0;
+    // The texts of the boxes shown, in order.
+    std::vector<std::string> Texts() const;
+    void Clear() {
+        shown.clear();
+        beeps = 0;
+        answers_.clear();
+    }
+
+private:
+    std::deque<int> answers_;
+};
+
+class ScriptedDialogs : public FileDialogPort {
+public:
+    // The next dialogs return these names; nothing means the user cancels.
+    void Next(std::optional<std::string> name) { names_.push_back(std::move(name)); }
+    std::optional<std::string> Open(const FileDialogRequest& request) override;
+    std::optional<std::string> Save(const FileDialogRequest& request) override;
+    std::vector<FileDialogRequest> requests;
+
+private:
+    std::optional<std::string> Take();
+    std::deque<std::optional<std::string>> names_;
+};
+
+class MapSettings : public SettingsPort {
+public:
+    std::optional<std::string> Get(const std::string& key) override;
+    void Set(const std::string& key, const std::string& value) override;
+    std::map<std::string, std::string> values;
+    std::vector<std::string> writes;  // keys in the order written
+};
+
+class FixedClock : public ClockPort {
+public:
+    DateTime now{2026, 5, 2, 14, 30, 0};
+    std::int64_t ms = 0;
+    std::int64_t stepMs = 0;  // added at every reading, so that waits end
+    DateTime Now() override { return now; }
+    std::int64_t MonotonicMs() override { return ms += stepMs; }
+};
+
+class FixedRandom : public RandomPort {
+public:
+    std::vector<double> values{0.5};
+    std::size_t next = 0;
+    int randomized = 0;
+    void Randomize() override { ++randomized; }
+    double Rnd() override { return values[next++ % values.size()]; }
+};
+
+// Files held in memory. A path can be made to fail on read, write, rename or remove with a
+// given error number; a write can be cut short after a number of bytes.
+class MemoryFiles : public FileSystemPort {
+public:
+    std::map<std::string, std::string> files;
+    std::map<std::string, int> failRead, failWrite, failRename, failRemove;
+    std::optional<std::size_t> writeLimit;  // bytes written before a full disk
+    std::vector<std::string> log;           // "read a", "write a", "rename a b", "remove a"
+
+    std::string ReadAll(const std::string& path) override;
+    void WriteAll(const std::string& path, std::string_view data) override;
+    void Append(const std::string& path, std::string_view data) override;
+    void Rename(const std::string& from, const std::string& to) override;
+    void Remove(const std::string& path) override;
+};
+
+class RecordingPrinter : public PrinterPort {
+public:
+    std::vector<std::string> lines;  // "<new page>" and "<end doc>" mark the breaks
+    std::string font;
+    int fontSize = 0;
+    bool bold = false;
+    int copies = 1;
+    double textHeight = 240;
+    double pageHeight = 15840;
+    bool setupAnswer = true;
+
+    void SetFont(const std::string& name, int size) override {
+        font = name;
+        fontSize = size;
+    }
+    void SetBold(bool b) override { bold = b; }
+    int Copies() override { return copies; }
+    void SetCopies(int c) override { copies = c; }
+    double TextHeight(const std::string&) override { return textHeight; }
+    double PageHeight() override { return pageHeight; }
+    void PrintLine(const std::string& text) override { lines.push_back(text); }
+    void NewPage() override { lines.push_back("<new page>"); }
+    void EndDoc() override { lines.push_back("<end doc>"); }
+    bool SetupDialog() override { return setupAnswer; }
+};
+
+class RecordingShell : public ShellPort {
+public:
+    std::string title;
+    std::array<std::string, 4> mru;
+    std::optional<bool> fileGroup, raceGroup;
+    int closeChildren = 0, logoShown = 0, raceCardShown = 0, unloads = 0, doEvents = 0;
+    bool busy = false;
+    bool childRefuses = false;
+    std::function<void()> onRaceCard;  // what the race card does when shown
+
+    void SetBusy(bool b) override { busy = b; }
+    void DoEvents() override { ++doEvents; }
+    void SetTitle(const std::string& t) override { title = t; }
+    void ShowMru(const std::array<std::string, 4>& c) override { mru = c; }
+    void EnableFileGroup(bool on) override { fileGroup = on; }
+    void EnableRaceGroup(bool on) override { raceGroup = on; }
+    void CloseChildWindows() override;
+    void ShowLogo() override { ++logoShown; }
+    void ShowRaceCard() override {
+        ++raceCardShown;
+        if (onRaceCard) onRaceCard();
+    }
+    void UnloadDisplays(bool) override { ++unloads; }
+};
+
+// Every port scripted, installed for the life of the object, over a fresh document.
+class FakeWorld {
+public:
+    FakeWorld();
+    ~FakeWorld();
+    FakeWorld(const FakeWorld&) = delete;
+    FakeWorld& operator=(const FakeWorld&) = delete;
+
+    ScriptedMessages messages;
+    ScriptedDialogs dialogs;
+    MapSettings settings;
+    FixedClock clock;
+    FixedRandom random;
+    MemoryFiles files;
+    RecordingPrinter printer;
+    RecordingShell shell;
+
+private:
+    Ports Make();
+    PortsScope scope_;
+};
+
+// The bytes of a file in the source tree, such as an example card.
+std::string ReadSourceFile(const std::string& relativePath);
+
+}  // namespace tt::test
