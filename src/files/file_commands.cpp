@@ -113,7 +113,7 @@ void mnuFileNew_Click() {
         G.FilePath.clear();
         ClearRaceFile();
         UpdateTitle();
-        Shell().ShowRaceCard();
+        Shell().ShowForm("frmRaceCard", true);
         EnableFileCommands();
     } catch (const std::exception& e) {
         ReportUnexpected(e);

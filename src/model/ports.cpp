@@ -180,7 +180,10 @@ public:
     void EnableRaceGroup(bool) override {}
     void CloseChildWindows() override {}
     void ShowLogo() override {}
-    void ShowRaceCard() override {}
+    void ShowForm(const std::string&, bool) override {}
+    void UnloadForm(const std::string&) override {}
+    bool IsFormLoaded(const std::string&) override { return false; }
+    std::string StatusText() override { return {}; }
     void UnloadDisplays(bool) override {}
 };
 

@@ -136,8 +136,14 @@ public:
     // Unloads the child windows; one that refuses sets CancelFlag to -1.
     virtual void CloseChildWindows() = 0;
     virtual void ShowLogo() = 0;
-    // Shows the race card modally, owned by the main window.
-    virtual void ShowRaceCard() = 0;
+    // Shows a window by its name ("frmRaceCard", "frmEditRacer", ...), modally or as a child
+    // window; a modal one returns when it closes.
+    virtual void ShowForm(const std::string& name, bool modal) = 0;
+    // Unloads a window by its name when it is loaded.
+    virtual void UnloadForm(const std::string& name) = 0;
+    virtual bool IsFormLoaded(const std::string& name) = 0;
+    // The text of the first panel of the status bar.
+    virtual std::string StatusText() = 0;
     // Unloads the odds and payout displays (and, at exit, the betting window).
     virtual void UnloadDisplays(bool withTransaction) = 0;
 };

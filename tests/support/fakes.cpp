@@ -1,5 +1,6 @@
 #include "support/fakes.h"
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -97,6 +98,21 @@ void MemoryFiles::Remove(const std::string& path) {
 void RecordingShell::CloseChildWindows() {
     ++closeChildren;
     G.CancelFlag = childRefuses;
+}
+
+void RecordingShell::ShowForm(const std::string& name, bool modal) {
+    formsShown.push_back(modal ? name + " (modal)" : name);
+    if (!modal && !IsFormLoaded(name)) loadedForms.push_back(name);
+    if (auto it = onShow.find(name); it != onShow.end() && it->second) it->second();
+}
+
+void RecordingShell::UnloadForm(const std::string& name) {
+    formsUnloaded.push_back(name);
+    std::erase(loadedForms, name);
+}
+
+bool RecordingShell::IsFormLoaded(const std::string& name) {
+    return std::find(loadedForms.begin(), loadedForms.end(), name) != loadedForms.end();
 }
 
 FakeWorld::FakeWorld() : scope_(Make()) { ResetProcessState(); }

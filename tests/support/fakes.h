@@ -121,10 +121,15 @@ public:
     std::string title;
     std::array<std::string, 4> mru;
     std::optional<bool> fileGroup, raceGroup;
-    int closeChildren = 0, logoShown = 0, raceCardShown = 0, unloads = 0, doEvents = 0;
+    int closeChildren = 0, logoShown = 0, unloads = 0, doEvents = 0;
     bool busy = false;
     bool childRefuses = false;
-    std::function<void()> onRaceCard;  // what the race card does when shown
+    std::string statusText = "Status";
+    std::vector<std::string> formsShown;    // "frmRaceCard (modal)", "frmListBets"
+    std::vector<std::string> formsUnloaded;
+    std::vector<std::string> loadedForms;
+    // What a window does when shown, by name: a test runs the window's logic here.
+    std::map<std::string, std::function<void()>> onShow;
 
     void SetBusy(bool b) override { busy = b; }
     void DoEvents() override { ++doEvents; }
@@ -134,10 +139,10 @@ public:
     void EnableRaceGroup(bool on) override { raceGroup = on; }
     void CloseChildWindows() override;
     void ShowLogo() override { ++logoShown; }
-    void ShowRaceCard() override {
-        ++raceCardShown;
-        if (onRaceCard) onRaceCard();
-    }
+    void ShowForm(const std::string& name, bool modal) override;
+    void UnloadForm(const std::string& name) override;
+    bool IsFormLoaded(const std::string& name) override;
+    std::string StatusText() override { return statusText; }
     void UnloadDisplays(bool) override { ++unloads; }
 };
 
