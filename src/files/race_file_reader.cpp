@@ -272,9 +272,10 @@ void ReadBet10(FieldReader& in) {
 }  // namespace
 
 void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
-    while (true) {
+    // The defaults are set again at the top of every pass, after the test for the end of the
+    // file: so a TicketCount that the last bet set stands only when nothing follows it.
+    while (!in.AtEnd()) {
         Defaults10();
-        if (in.AtEnd()) break;
         std::string_view f = in.Next();
         Tag tag = TagOf(f);
         if (tag == Tag::kNone) continue;
@@ -354,7 +355,7 @@ void OpenRaceFile() {
                 Beep();
                 if (MsgBox(JoinParts({"Tamberlin Tally file is from a previous version of the software!",
                                       "The file will be translated to version 2.0 format."}),
-                           Buttons::kOKCancel, Icon::kExclamation) == kCancel) {
+                           Buttons::kOKCancel) == kCancel) {
                     EndRead();
                     return;
                 }
@@ -362,7 +363,7 @@ void OpenRaceFile() {
                 Beep();
                 if (MsgBox(JoinParts({"Tamberlin Tally file is from a later version of the software!",
                                       "You could experience problems loading the file!  Continue?"}),
-                           Buttons::kOKCancel, Icon::kExclamation) == kCancel) {
+                           Buttons::kOKCancel) == kCancel) {
                     EndRead();
                     return;
                 }
