@@ -1,5 +1,7 @@
 #include "model/ports.h"
 
+#include <QCoreApplication>
+
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -173,7 +175,9 @@ private:
 class NoShell : public ShellPort {
 public:
     void SetBusy(bool) override {}
-    void DoEvents() override {}
+    void DoEvents() override {
+        if (QCoreApplication::instance()) QCoreApplication::processEvents();
+    }
     void SetTitle(const std::string&) override {}
     void ShowMru(const std::array<std::string, 4>&) override {}
     void EnableFileGroup(bool) override {}

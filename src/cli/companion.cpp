@@ -1,0 +1,135 @@
+#include "cli/companion.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QStringList>
+#include <functional>
+#include <map>
+#include <ostream>
+
+#include "cli/console_ports.h"
+#include "files/file_commands.h"
+#include "files/race_file_io.h"
+#include "model/number_text.h"
+#include "model/race_file.h"
+#include "shell/qt_settings.h"
+
+namespace tt::cli {
+
+namespace {
+
+// Money as the companion prints it: at least two decimals, every one there is.
+std::string Amount(Currency c) {
+    std::string s = PlainDecimal(c);
+    std::size_t point = s.find('.');
+    if (point == std::string::npos) return s + ".00";
+    while (s.size() - point < 3) s.push_back('0');
+    return s;
+}
+
+struct Context {
+    QCommandLineParser& parser;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+// Reads FILE into the document; false when the program would have refused or failed.
+bool Open(ConsoleWorld& world, const std::string& path) {
+    G.CancelFlag = false;
+    G.FilePath = path;
+    OpenRaceFile();
+    return world.shell.fileOpen && !G.FilePath.empty();
+}
+
+int Info(Context& c) {
+    const QStringList files = c.parser.positionalArguments();
+    if (files.size() != 2) return -1;
+    ConsoleWorld world(c.err, Policy::kCancel);
+    if (!Open(world, files[1].toStdString())) return 1;
+    c.out << TitleText() << "\n";
+    c.out << "Race\tName\tRacers\tBets\tResult\n";
+    for (int r = 1; r <= kMaxRace; ++r) {
+        if (!RaceExists(r)) continue;
+        int racers = 0;
+        for (int n = 1; n <= RF.MaxRacers; ++n)
+            if (RF.Racer(r, n).BetNbr != 0) ++racers;
+        std::int64_t bets = 0;
+        for (std::int64_t n = 1; n <= RF.MaxBets; ++n)
+            if (RF.Bet(r, n).BetType != 0) ++bets;
+        c.out << r << "\t" << RF.Race(r).RaceName << "\t" << racers << "\t" << bets << "\t";
+        for (int k = 1; k <= 5; ++k) c.out << (k > 1 ? "," : "") << RF.Race(r).Result(k).Value();
+        c.out << "\n";
+    }
+    Currency cost, collected, distributed, winnings;
+    for (std::int64_t t = 1; t <= RF.TicketCount; ++t) {
+        const TicketRec& tk = RF.Ticket(t);
+        if (tk.TicketBettor == 0) continue;
+        cost += tk.TicketCost;
+        collected += tk.Collected;
+        distributed += tk.Distributed;
+        winnings += tk.Winnings;
+    }
+    c.out << "Bettors\t" << RF.BettorCount.Value() << "\n";
+    c.out << "Tickets\t" << RF.TicketCount.Value() << "\n";
+    c.out << "TicketCost\t" << Amount(cost) << "\n";
+    c.out << "Collected\t" << Amount(collected) << "\n";
+    c.out << "Distributed\t" << Amount(distributed) << "\n";
+    c.out << "Winnings\t" << Amount(winnings) << "\n";
+    return 0;
+}
+
+int Resave(Context& c) {
+    const QStringList files = c.parser.positionalArguments();
+    if (files.size() != 2 || !c.parser.isSet("o")) return -1;
+    ConsoleWorld world(c.err, c.parser.isSet("yes") ? Policy::kYes : Policy::kCancel);
+    if (!Open(world, files[1].toStdString())) return 1;
+    G.FilePath = c.parser.value("o").toStdString();
+    WriteRaceFile();
+    return G.CancelFlag ? 1 : 0;
+}
+
+int Recent(Context& c) {
+    const QStringList files = c.parser.positionalArguments();
+    if (files.size() != 2) return -1;
+    auto settings = MakeUserSettings();
+    ConsoleWorld world(c.err, Policy::kCancel, settings.get());
+    for (int i = 0; i < 4; ++i) G.Mru[static_cast<std::size_t>(i)] = settings->Get("MRU" + std::to_string(i)).value_or("");
+    AddMRU(files[1].toStdString());
+    return 0;
+}
+
+const char* kUsage =
+    "usage: tally info FILE\n"
+    "       tally resave FILE -o OUT [--yes]\n"
+    "       tally recent FILE\n";
+
+}  // namespace
+
+int RunTally(const std::vector<std::string>& args, std::ostream& out, std::ostream& err) {
+    QStringList list{"tally"};
+    for (const auto& a : args) list << QString::fromStdString(a);
+    QCommandLineParser parser;
+    parser.addOption({{"o", "output"}, "Where to save.", "OUT"});
+    parser.addOption({"yes", "Answer OK to the questions about older or later versions."});
+    if (!parser.parse(list)) {
+        err << "tally: " << parser.errorText().toStdString() << "\n" << kUsage;
+        return 2;
+    }
+    const QStringList pos = parser.positionalArguments();
+    static const std::map<std::string, std::function<int(Context&)>> kCommands = {
+        {"info", Info}, {"resave", Resave}, {"recent", Recent}};
+    auto it = pos.isEmpty() ? kCommands.end() : kCommands.find(pos[0].toStdString());
+    if (it == kCommands.end()) {
+        err << kUsage;
+        return 2;
+    }
+    Context c{parser, out, err};
+    int rc = it->second(c);
+    if (rc < 0) {
+        err << kUsage;
+        return 2;
+    }
+    return rc;
+}
+
+}  // namespace tt::cli

@@ -1,0 +1,64 @@
+#include "cli/console_ports.h"
+
+#include <map>
+#include <ostream>
+
+#include "model/race_file.h"
+
+namespace tt::cli {
+
+namespace {
+class MemorySettings : public SettingsPort {
+public:
+    std::optional<std::string> Get(const std::string& key) override {
+        auto it = values_.find(key);
+        return it == values_.end() ? std::nullopt : std::optional<std::string>(it->second);
+    }
+    void Set(const std::string& key, const std::string& value) override { values_[key] = value; }
+
+private:
+    std::map<std::string, std::string> values_;
+};
+}  // namespace
+
+int ConsoleMessages::Show(const MessageRequest& r) {
+    if (!first_) err_ << "\n";
+    first_ = false;
+    err_ << r.text << "\n";
+    err_.flush();
+    bool yes = policy_ == Policy::kYes;
+    switch (r.buttons) {
+        case Buttons::kOK: return kOK;
+        case Buttons::kOKCancel: return yes ? kOK : kCancel;
+        case Buttons::kYesNo: return yes ? kYes : kNo;
+        case Buttons::kYesNoCancel: return yes ? kYes : kCancel;
+    }
+    return kOK;
+}
+
+void ConsoleShell::CloseChildWindows() { G.CancelFlag = false; }
+
+void ConsoleShell::ShowForm(const std::string& name, bool) {
+    if (onShow) onShow(name);
+}
+
+ConsoleWorld::ConsoleWorld(std::ostream& err, Policy policy, SettingsPort* settings)
+    : messages_(err, policy),
+      memorySettings_(settings ? nullptr : std::make_unique<MemorySettings>()),
+      clock_(MakeSystemClock()),
+      random_(MakeSystemRandom()),
+      files_(MakeRealFileSystem()) {
+    ResetProcessState();
+    Ports p;
+    p.message = &messages_;
+    p.settings = settings ? settings : memorySettings_.get();
+    p.clock = clock_.get();
+    p.random = random_.get();
+    p.files = files_.get();
+    p.shell = &shell;
+    scope_ = std::make_unique<PortsScope>(p);
+}
+
+ConsoleWorld::~ConsoleWorld() = default;
+
+}  // namespace tt::cli

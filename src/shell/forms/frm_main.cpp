@@ -1,0 +1,512 @@
+#include "shell/forms/frm_main.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDate>
+#include <QDialog>
+#include <QLabel>
+#include <QLocale>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QPainter>
+#include <QStatusBar>
+#include <QStyle>
+#include <QTimer>
+#include <QToolBar>
+
+#include "files/file_commands.h"
+#include "model/race_file.h"
+#include "shell/error_path.h"
+#include "shell/forms/form_registry.h"
+#include "shell/forms/frm_logo.h"
+#include "shell/forms/gui_support.h"
+#include "shell/forms/help.h"
+#include "shell/main_commands.h"
+#include "shell/startup.h"
+
+namespace tt::gui {
+
+namespace {
+
+// A toolbar picture: a rounded tile with a short sign on it.
+QIcon GlyphIcon(const QString& glyph, const QColor& color) {
+    QPixmap pm(48, 48);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setBrush(color);
+    p.setPen(color.darker(140));
+    p.drawRoundedRect(QRectF(3, 3, 42, 42), 8, 8);
+    QFont f = p.font();
+    f.setBold(true);
+    f.setPixelSize(glyph.size() > 2 ? 15 : 22);
+    p.setFont(f);
+    p.setPen(Qt::white);
+    p.drawText(QRectF(3, 3, 42, 42), Qt::AlignCenter, glyph);
+    return QIcon(pm);
+}
+
+QIcon ToolIcon(const std::string& key, QStyle* style) {
+    if (key == "New") return style->standardIcon(QStyle::SP_FileIcon);
+    if (key == "Open") return style->standardIcon(QStyle::SP_DialogOpenButton);
+    if (key == "Save") return style->standardIcon(QStyle::SP_DialogSaveButton);
+    if (key == "Help") return style->standardIcon(QStyle::SP_DialogHelpButton);
+    if (key == "MRU") return GlyphIcon("↺", QColor(90, 110, 140));
+    if (key == "Print") return GlyphIcon("Pr", QColor(90, 90, 90));
+    if (key == "Cascade") return GlyphIcon("❐", QColor(110, 110, 150));
+    if (key == "SetupRaceCard") return GlyphIcon("RC", QColor(40, 110, 60));
+    if (key == "SetupBettors") return GlyphIcon("☺", QColor(40, 110, 60));
+    if (key == "PlaceBets") return GlyphIcon("$", QColor(170, 110, 20));
+    if (key == "ListBets") return GlyphIcon("≡", QColor(170, 110, 20));
+    if (key == "DisplayOdds") return GlyphIcon("5-2", QColor(30, 80, 160));
+    if (key == "EditResults") return GlyphIcon("1·2·3", QColor(150, 40, 40));
+    if (key == "DisplayPayouts") return GlyphIcon("$$", QColor(150, 40, 40));
+    return {};
+}
+
+}  // namespace
+
+frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
+    setObjectName("frmMain");
+    setWindowTitle("Tamberlin Tally - No file open");
+    mdi_ = new QMdiArea(this);
+    mdi_->setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi_->setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    mdi_->setBackground(QApplication::palette().color(QPalette::Dark));
+    setCentralWidget(mdi_);
+    BuildMenus();
+    BuildToolBar();
+    BuildStatusBar();
+    UpdateEnabled();
+}
+
+frmMain::~frmMain() = default;
+
+QAction* frmMain::Action(const std::string& name) const {
+    auto it = actions_.find(name);
+    return it == actions_.end() ? nullptr : it->second;
+}
+
+QAction* frmMain::AddAction(QMenu* menu, const char* name, const QString& caption, std::function<void()> run,
+                            int group, std::string needsForm, const QKeySequence& shortcut) {
+    auto* a = new QAction(caption, this);
+    a->setObjectName(name);
+    if (!shortcut.isEmpty()) a->setShortcut(shortcut);
+    if (menu) menu->addAction(a);
+    connect(a, &QAction::triggered, this, [this, run] { Guard(this, false, run); });
+    actions_[name] = a;
+    commands_.push_back({a, group, std::move(needsForm)});
+    return a;
+}
+
+void frmMain::BuildMenus() {
+    QMenu* file = menuBar()->addMenu("&File");
+    file->setObjectName("mnuFile");
+    AddAction(file, "mnuFileNew", "&New", [] { mnuFileNew_Click(); }, 0, "", QKeySequence("Ctrl+N"));
+    AddAction(file, "mnuFileOpen", "&Open", [] { mnuFileOpen_Click(); }, 0, "", QKeySequence("Ctrl+O"));
+    AddAction(file, "mnuFileClose", "&Close", [] { mnuFileClose_Click(); }, 1);
+    file->addSeparator();
+    AddAction(file, "mnuFileSave", "&Save", [] { mnuFileSave_Click(); }, 1, "", QKeySequence("Ctrl+S"));
+    AddAction(file, "mnuFileSaveAs", "Save &As...", [] { mnuFileSaveAs_Click(); }, 1);
+    file->addSeparator();
+    AddAction(file, "mnuFilePageSetup", "Page Set&up...", [] { mnuFilePageSetup_Click(); }, 1);
+    AddAction(file, "mnuFilePrint", "&Print...", [] { mnuFilePrint_Click(); }, 1, "frmPrint",
+              QKeySequence("Ctrl+P"));
+    AddAction(file, "mnuFilePrintToFile", "Print to &File", [] {}, 0)->setVisible(false);
+    QAction* mruSep = file->addSeparator();
+    mruSep->setObjectName("mnuFileMRUSep");
+    for (int i = 0; i < 4; ++i) {
+        std::string name = "mnuFileMRU(" + std::to_string(i) + ")";
+        mru_[static_cast<std::size_t>(i)] =
+            AddAction(file, name.c_str(), QString(), [i] { mnuFileMRU_Click(i); });
+        mru_[static_cast<std::size_t>(i)]->setVisible(false);
+    }
+    file->addSeparator();
+    AddAction(file, "mnuFileExit", "E&xit", [this] { close(); });
+
+    QMenu* edit = menuBar()->addMenu("&Edit");
+    edit->setObjectName("mnuEdit");
+    AddAction(edit, "mnuEditSetupRaceCard", "Setup Race &Card", [] { mnuEditSetupRaceCard_Click(); }, 1,
+              "frmRaceCard");
+    AddAction(edit, "mnuEditSetupBettors", "&Setup Bettors", [] { mnuEditSetupBettors_Click(); }, 1,
+              "frmSelectBettor");
+    edit->addSeparator();
+    AddAction(edit, "mnuEditPlaceBets", "&Betting Window", [] { mnuEditPlaceBets_Click(); }, 2,
+              "frmTransaction");
+    AddAction(edit, "mnuEditResults", "&Record Race Results", [] { mnuEditResults_Click(); }, 2,
+              "frmEditResults");
+
+    QMenu* view = menuBar()->addMenu("&View");
+    view->setObjectName("mnuView");
+    QAction* tb = AddAction(view, "mnuViewToolbar", "&Toolbar", [this] {
+        toolBar_->setVisible(!toolBar_->isVisible());
+        actions_["mnuViewToolbar"]->setChecked(toolBar_->isVisible());
+    });
+    tb->setCheckable(true);
+    tb->setChecked(true);
+    QAction* sb = AddAction(view, "mnuViewStatusBar", "Status &Bar", [this] {
+        statusBar()->setVisible(!statusBar()->isVisible());
+        actions_["mnuViewStatusBar"]->setChecked(statusBar()->isVisible());
+    });
+    sb->setCheckable(true);
+    sb->setChecked(true);
+    view->addSeparator();
+    AddAction(view, "mnuViewListBets", "&List Bets", [] { mnuViewListBets_Click(); }, 2, "frmListBets");
+    AddAction(view, "mnuViewDisplayOdds", "Display &Odds", [] { mnuViewDisplayOdds_Click(); }, 2,
+              "frmDisplayOdds");
+    AddAction(view, "mnuViewDisplayPayouts", "Display &Payouts", [] { mnuViewDisplayPayouts_Click(); }, 2,
+              "frmDisplayPayouts");
+
+    QMenu* tools = menuBar()->addMenu("&Tools");
+    tools->setObjectName("mnuTools");
+    AddAction(tools, "mnuToolsImportBettors", "&Bring in Bettors from another File",
+              [] { Shell().ShowForm("frmImportBettors", true); }, 1, "frmImportBettors");
+    AddAction(tools, "mnuToolsRaceCardFile", "&Create Race Card File", [] {})->setVisible(false);
+    AddAction(tools, "mnuToolsImportRaces", "&Import Races and Bets", [] {})->setVisible(false);
+    AddAction(tools, "mnuToolsResetMax", "Reset &Max Races, Bets per Ticket",
+              [] { Shell().ShowForm("frmResetMax", true); })
+        ->setVisible(false);
+    tools->addSeparator();
+    AddAction(tools, "mnuToolsRestore", "&Restore from Recovery File", [] { mnuToolsRestore_Click(); }, 1,
+              "frmRestore");
+
+    QMenu* window = menuBar()->addMenu("&Window");
+    window->setObjectName("mnuWindow");
+    AddAction(window, "mnuWindowCascade", "&Cascade", [this] { Arrange(0); }, 1);
+    AddAction(window, "mnuWindowTileHorizontal", "Tile &Horizontally", [this] { Arrange(1); }, 1);
+    AddAction(window, "mnuWindowTileVertical", "Tile &Vertically", [this] { Arrange(2); }, 1);
+    AddAction(window, "mnuWindowArrangeIcons", "&Arrange Icons", [this] { Arrange(3); });
+
+    QMenu* help = menuBar()->addMenu("&Help");
+    help->setObjectName("mnuHelp");
+    AddAction(help, "mnuHelpContents", "&Overview", [this] { HelpContents(this); });
+    AddAction(help, "mnuHelpWindow", "&Window Help", [this] { DisplayHelp(this, 0); });
+    AddAction(help, "mnuHelpSearch", "&Search For Help On...", [this] { HelpSearch(this); });
+    help->addSeparator();
+    AddAction(help, "mnuHelpAbout", "&About Tamberlin Tally...", [] { Shell().ShowForm("frmAbout", true); }, 0,
+              "frmAbout");
+}
+
+void frmMain::BuildToolBar() {
+    toolBar_ = addToolBar("Toolbar");
+    toolBar_->setObjectName("tbToolBar");
+    toolBar_->setMovable(false);
+    toolBar_->setIconSize(QSize(24, 24));
+    static const std::map<std::string, std::pair<int, std::string>> kGroups = {
+        {"Save", {1, ""}},
+        {"Print", {1, "frmPrint"}},
+        {"Cascade", {1, ""}},
+        {"SetupRaceCard", {1, "frmRaceCard"}},
+        {"SetupBettors", {1, "frmSelectBettor"}},
+        {"PlaceBets", {2, "frmTransaction"}},
+        {"ListBets", {2, "frmListBets"}},
+        {"DisplayOdds", {2, "frmDisplayOdds"}},
+        {"EditResults", {2, "frmEditResults"}},
+        {"DisplayPayouts", {2, "frmDisplayPayouts"}},
+    };
+    for (const ToolbarButton& b : ToolbarButtons()) {
+        std::string key = b.key;
+        if (key == "Save" || key == "Cascade" || key == "PlaceBets" || key == "Help") toolBar_->addSeparator();
+        auto* a = new QAction(ToolIcon(key, style()), Q(b.toolTip), this);
+        a->setObjectName(Q("tb" + key));
+        a->setToolTip(Q(b.toolTip));
+        connect(a, &QAction::triggered, this, [this, key] { tbToolBar_ButtonClick(key); });
+        toolBar_->addAction(a);
+        actions_["tb" + key] = a;
+        auto g = kGroups.find(key);
+        commands_.push_back({a, g == kGroups.end() ? 0 : g->second.first,
+                             g == kGroups.end() ? std::string() : g->second.second});
+    }
+}
+
+void frmMain::tbToolBar_ButtonClick(const std::string& key) {
+    QAction* button = Action("tb" + key);
+    if (button && !button->isEnabled()) return;
+    Guard(this, false, [&] {
+        UpdateTitle();
+        static const std::vector<std::pair<std::string, std::string>> kRoutes = {
+            {"MRU", "mnuFileMRU(0)"},
+            {"New", "mnuFileNew"},
+            {"Open", "mnuFileOpen"},
+            {"Save", "mnuFileSave"},
+            {"Print", "mnuFilePrint"},
+            {"Cascade", "mnuWindowCascade"},
+            {"SetupRaceCard", "mnuEditSetupRaceCard"},
+            {"SetupBettors", "mnuEditSetupBettors"},
+            {"PlaceBets", "mnuEditPlaceBets"},
+            {"ListBets", "mnuViewListBets"},
+            {"DisplayOdds", "mnuViewDisplayOdds"},
+            {"EditResults", "mnuEditResults"},
+            {"DisplayPayouts", "mnuViewDisplayPayouts"},
+            {"Help", "mnuHelpWindow"},
+        };
+        for (const auto& [k, menu] : kRoutes) {
+            if (k != key) continue;
+            if (menu == "mnuFileMRU(0)") {
+                mnuFileMRU_Click(0);
+            } else if (QAction* a = Action(menu)) {
+                emit a->triggered();  // the menu entry's handler
+            }
+            return;
+        }
+    });
+}
+
+void frmMain::BuildStatusBar() {
+    statusPanel_ = new QLabel("Status", this);
+    statusPanel_->setObjectName("sbStatusBarStatus");
+    datePanel_ = new QLabel(this);
+    timePanel_ = new QLabel(this);
+    for (QLabel* l : {statusPanel_, datePanel_, timePanel_}) {
+        l->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        l->setMargin(2);
+        l->installEventFilter(this);
+    }
+    statusBar()->setObjectName("sbStatusBar");
+    statusBar()->addWidget(statusPanel_, 1);
+    statusBar()->addPermanentWidget(datePanel_);
+    statusBar()->addPermanentWidget(timePanel_);
+    UpdateClock();
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &frmMain::UpdateClock);
+    timer->start(1000);
+}
+
+void frmMain::UpdateClock() {
+    QDateTime now = QDateTime::currentDateTime();
+    datePanel_->setText(QLocale().toString(now.date(), QLocale::ShortFormat));
+    timePanel_->setText(QLocale().toString(now.time(), QLocale::ShortFormat));
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::MouseButtonPress &&
+        (watched == statusPanel_ || watched == datePanel_ || watched == timePanel_))
+        Guard(this, false, [] { UpdateTitle(); });
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::UpdateEnabled() {
+    for (const Command& c : commands_) {
+        bool on = c.group == 0 || (c.group == 1 && fileGroup_) || (c.group == 2 && raceGroup_);
+        if (!c.needsForm.empty() && !IsFormRegistered(c.needsForm)) on = false;
+        c.action->setEnabled(on);
+    }
+    if (auto* logo = findChild<frmLogo*>()) logo->EnableGroups(fileGroup_, raceGroup_);
+}
+
+void frmMain::MDIForm_Load() {
+    try {
+        Placement p = ReadMainPlacement();
+        move(Twips(p.left), Twips(p.top));
+        resize(Twips(p.width), Twips(p.height));
+    } catch (const std::exception& e) {
+        // A damaged placement is reported; the window keeps its own size and the start goes on.
+        ShowUnexpectedError(ToAppError(e));
+    }
+    LoadRecentFiles();
+    RememberPlacement();
+    G.FileChanged = false;
+    DisableFileCommands();
+    ShowLogo();
+    loaded_ = true;
+}
+
+void frmMain::RememberPlacement() {
+    Placement p{ToTwips(x()), ToTwips(y()), ToTwips(width()), ToTwips(height())};
+    StoreMainPlacement(p);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+    Placement p{ToTwips(x()), ToTwips(y()), ToTwips(width()), ToTwips(height())};
+    bool mayClose = true;
+    Guard(this, false, [&] { mayClose = MainUnload(normal, p); });
+    if (!mayClose) {
+        event->ignore();
+        return;
+    }
+    mdi_->closeAllSubWindows();
+    event->accept();
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && loaded_) {
+        Guard(this, false, [] {
+            UpdateTitle();
+            AdjustMenuForRaceCard();
+        });
+    }
+    QMainWindow::changeEvent(event);
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (!loaded_) return;
+    RememberPlacement();
+    if (auto* logo = findChild<frmLogo*>()) logo->Place();
+}
+
+void frmMain::moveEvent(QMoveEvent* event) {
+    QMainWindow::moveEvent(event);
+    if (loaded_) RememberPlacement();
+}
+
+void frmMain::SetBusy(bool busy) {
+    if (busy) {
+        if (busy_++ == 0) QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        while (busy_ > 0) {
+            --busy_;
+            QApplication::restoreOverrideCursor();
+        }
+    }
+}
+
+void frmMain::DoEvents() { QApplication::processEvents(); }
+
+void frmMain::SetTitle(const std::string& title) { setWindowTitle(Q(title)); }
+
+void frmMain::ShowMru(const std::array<std::string, 4>& captions) {
+    for (std::size_t i = 0; i < 4; ++i) {
+        mru_[i]->setText(Q(captions[i]));
+        mru_[i]->setVisible(!captions[i].empty());
+    }
+}
+
+void frmMain::EnableFileGroup(bool on) {
+    fileGroup_ = on;
+    UpdateEnabled();
+}
+
+void frmMain::EnableRaceGroup(bool on) {
+    raceGroup_ = on;
+    UpdateEnabled();
+}
+
+void frmMain::CloseChildWindows() {
+    G.CancelFlag = false;
+    for (;;) {
+        QMdiSubWindow* active = mdi_->activeSubWindow();
+        if (!active) {
+            QList<QMdiSubWindow*> all = mdi_->subWindowList();
+            if (all.isEmpty()) break;
+            active = all.last();
+        }
+        active->setAttribute(Qt::WA_DeleteOnClose);
+        QPointer<QMdiSubWindow> guard(active);
+        if (!active->close() || (guard && guard->isVisible())) {
+            // The child refused in its closing question.
+            G.CancelFlag = true;
+            break;
+        }
+        if (G.CancelFlag) break;
+    }
+}
+
+frmLogo* frmMain::Logo() {
+    if (auto* logo = findChild<frmLogo*>()) return logo;
+    auto* logo = new frmLogo(this);
+    QMdiSubWindow* sub = mdi_->addSubWindow(logo, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowMinimizeButtonHint);
+    sub->setAttribute(Qt::WA_DeleteOnClose);
+    sub->setWindowTitle("Tamberlin Tally");
+    logo->EnableGroups(fileGroup_, raceGroup_);
+    return logo;
+}
+
+void frmMain::ShowLogo() {
+    frmLogo* logo = Logo();
+    QWidget* sub = logo->parentWidget();
+    sub->show();
+    logo->Place();
+}
+
+QMdiSubWindow* frmMain::SubWindowOf(const std::string& name) const {
+    auto it = children_.find(name);
+    if (it == children_.end() || !it->second) return nullptr;
+    return qobject_cast<QMdiSubWindow*>(it->second->parentWidget());
+}
+
+void frmMain::ShowForm(const std::string& name, bool modal) {
+    if (QMdiSubWindow* sub = SubWindowOf(name)) {
+        sub->showNormal();
+        mdi_->setActiveSubWindow(sub);
+        if (auto* child = children_[name].data()) QMetaObject::invokeMethod(child, "RefreshContents");
+        return;
+    }
+    QWidget* form = MakeForm(name, this);
+    if (!form) {
+        Beep();
+        MsgBox("This window is not available in this version of Tamberlin Tally.", Buttons::kOK,
+               Icon::kInformation);
+        return;
+    }
+    if (auto* dialog = qobject_cast<QDialog*>(form); dialog && modal) {
+        dialog->setAttribute(Qt::WA_DeleteOnClose, false);
+        dialog->exec();
+        delete dialog;
+        return;
+    }
+    form->setObjectName(Q(name));
+    form->setAttribute(Qt::WA_DeleteOnClose);
+    QMdiSubWindow* sub = mdi_->addSubWindow(form);
+    sub->setAttribute(Qt::WA_DeleteOnClose);
+    children_[name] = form;
+    sub->show();
+    mdi_->setActiveSubWindow(sub);
+}
+
+void frmMain::UnloadForm(const std::string& name) {
+    if (QMdiSubWindow* sub = SubWindowOf(name)) sub->close();
+}
+
+bool frmMain::IsFormLoaded(const std::string& name) { return SubWindowOf(name) != nullptr; }
+
+std::string frmMain::StatusText() { return S(statusPanel_->text()); }
+
+void frmMain::UnloadDisplays(bool withTransaction) {
+    if (withTransaction) UnloadForm("frmTransaction");
+    UnloadForm("frmDisplayOdds");
+    UnloadForm("frmDisplayPayouts");
+}
+
+void frmMain::Arrange(int mode) {
+    QList<QMdiSubWindow*> windows;
+    for (QMdiSubWindow* w : mdi_->subWindowList())
+        if (w->isVisible() && !w->isMinimized()) windows << w;
+    QRect area = mdi_->viewport()->rect();
+    switch (mode) {
+        case 0: mdi_->cascadeSubWindows(); break;
+        case 1:
+        case 2: {
+            if (windows.isEmpty()) break;
+            int n = static_cast<int>(windows.size());
+            for (int i = 0; i < n; ++i) {
+                QMdiSubWindow* w = windows[i];
+                w->showNormal();
+                if (mode == 1) {
+                    int h = area.height() / n;
+                    w->setGeometry(0, i * h, area.width(), h);
+                } else {
+                    int wd = area.width() / n;
+                    w->setGeometry(i * wd, 0, wd, area.height());
+                }
+            }
+            break;
+        }
+        case 3: {
+            // Minimised windows in a row along the bottom.
+            int x = 0;
+            for (QMdiSubWindow* w : mdi_->subWindowList()) {
+                if (!w->isMinimized()) continue;
+                QSize s = w->size();
+                w->move(x, area.height() - s.height());
+                x += s.width();
+            }
+            break;
+        }
+        default: break;
+    }
+}
+
+}  // namespace tt::gui

@@ -1,0 +1,89 @@
+#include "shell/main_commands.h"
+
+#include "files/file_commands.h"
+#include "model/common.h"
+#include "model/ports.h"
+#include "model/race_file.h"
+#include "shell/error_path.h"
+
+namespace tt {
+
+void RunCommand(void (*command)()) {
+    try {
+        command();
+    } catch (const std::exception& e) {
+        AppError err = ToAppError(e);
+        if (err.Number() != kErrCancel) ShowUnexpectedError(err);
+    }
+}
+
+void mnuEditSetupRaceCard_Click() {
+    Shell().ShowForm("frmRaceCard", true);
+    UpdateTitle();
+}
+
+void mnuEditSetupBettors_Click() { Shell().ShowForm("frmSelectBettor", true); }
+
+void mnuEditPlaceBets_Click() {
+    if (RF.MaxRacers == 0) {
+        Beep();
+        MsgBox(std::string("Race card must be set up before placing bets") + kCrLf +
+               "Please set this parameter using Tools/Setup Race Card");
+        return;
+    }
+    G.CurrentRace = 0;
+    G.CurrentBettor = 0;
+    G.CurrentBet = 0;
+    Shell().ShowForm("frmTransaction", false);
+}
+
+void mnuEditResults_Click() {
+    Shell().ShowForm("frmEditResults", true);
+    if (Shell().IsFormLoaded("frmDisplayPayouts")) Shell().ShowForm("frmDisplayPayouts", false);
+    G.CancelFlag = false;
+}
+
+void mnuViewListBets_Click() { Shell().ShowForm("frmListBets", false); }
+
+void mnuViewDisplayOdds_Click() { Shell().ShowForm("frmDisplayOdds", false); }
+
+void mnuViewDisplayPayouts_Click() {
+    G.CurrentRace = 0;
+    Shell().ShowForm("frmDisplayPayouts", false);
+}
+
+void mnuToolsRestore_Click() { Shell().ShowForm("frmRestore", true); }
+
+void mnuFilePrint_Click() { Shell().ShowForm("frmPrint", true); }
+
+void mnuFilePageSetup_Click() {
+    try {
+        Printer().SetupDialog();
+    } catch (const std::exception& e) {
+        AppError err = ToAppError(e);
+        if (err.Number() == kErrCancel) return;
+        MsgBox(JoinParts({"Error in Page Setup.", err.Text()}));
+    }
+}
+
+const std::vector<ToolbarButton>& ToolbarButtons() {
+    static const std::vector<ToolbarButton> kButtons = {
+        {"MRU", "Open Most Recent File"},
+        {"New", "New"},
+        {"Open", "Open"},
+        {"Save", "Save"},
+        {"Print", "Print"},
+        {"Cascade", "Cascade open windows"},
+        {"SetupRaceCard", "Setup Race Card"},
+        {"SetupBettors", "Setup Bettors"},
+        {"PlaceBets", "Betting Window"},
+        {"ListBets", "List Bets"},
+        {"DisplayOdds", "Display Odds"},
+        {"EditResults", "Record Race Results"},
+        {"DisplayPayouts", "Display Payouts"},
+        {"Help", "Help"},
+    };
+    return kButtons;
+}
+
+}  // namespace tt
