@@ -8,19 +8,18 @@
 
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
+#include "shell/help_ids.h"
 #include "shell/startup.h"
 
 namespace tt::gui {
 
-// The help topic of the chooser.
-constexpr int kInitialOpenHelp = 4001;
 
 frmInitialOpen::frmInitialOpen(QWidget* parent) : QDialog(parent) {
     setObjectName("frmInitialOpen");
     setWindowTitle("Open a Tamberlin Tally File");
     setModal(false);
     setAttribute(Qt::WA_DeleteOnClose);
-    setProperty("HelpContextID", kInitialOpenHelp);
+    setProperty("HelpContextID", help::kInitialOpen);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(new QLabel("Double-click on a file to open or select and select Open::", this));
     lstFiles = new QListWidget(this);
@@ -49,7 +48,7 @@ frmInitialOpen::frmInitialOpen(QWidget* parent) : QDialog(parent) {
     connect(lstFiles, &QListWidget::itemDoubleClicked, this, [this] { cmdOpen_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { close(); });
     connect(cmdHelp, &QPushButton::clicked, this,
-            [this] { Guard(this, false, [&] { DisplayContextHelp(AppHelpFile(), kInitialOpenHelp, S(windowTitle())); }); });
+            [this] { Guard(this, false, [&] { DisplayContextHelp(AppHelpFile(), help::kInitialOpen, S(windowTitle())); }); });
 }
 
 void frmInitialOpen::cmdOpen_Click() {
