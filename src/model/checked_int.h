@@ -5,10 +5,37 @@
 #include <concepts>
 #include <cstdint>
 #include <limits>
+#include <type_traits>
 
 #include "model/app_error.h"
 
 namespace tt {
+
+namespace detail {
+// An integer of any type as a 64-bit one; past that range the result cannot fit anyway.
+template <std::integral U>
+constexpr std::int64_t Wide(U v) {
+    if constexpr (std::is_unsigned_v<U> && sizeof(U) >= sizeof(std::int64_t)) {
+        if (v > static_cast<U>(std::numeric_limits<std::int64_t>::max())) Raise(kErrOverflow);
+    }
+    return static_cast<std::int64_t>(v);
+}
+inline std::int64_t Add(std::int64_t a, std::int64_t b) {
+    std::int64_t r;
+    if (__builtin_add_overflow(a, b, &r)) Raise(kErrOverflow);
+    return r;
+}
+inline std::int64_t Sub(std::int64_t a, std::int64_t b) {
+    std::int64_t r;
+    if (__builtin_sub_overflow(a, b, &r)) Raise(kErrOverflow);
+    return r;
+}
+inline std::int64_t Mul(std::int64_t a, std::int64_t b) {
+    std::int64_t r;
+    if (__builtin_mul_overflow(a, b, &r)) Raise(kErrOverflow);
+    return r;
+}
+}  // namespace detail
 
 template <std::integral T>
 class Checked {
@@ -17,7 +44,7 @@ public:
 
     constexpr Checked() = default;
     template <std::integral U>
-    constexpr Checked(U v) : v_(Narrow(static_cast<std::int64_t>(v))) {}  // NOLINT: implicit by design
+    constexpr Checked(U v) : v_(Narrow(detail::Wide(v))) {}  // NOLINT: implicit by design
     template <std::integral U>
     constexpr Checked(Checked<U> v) : v_(Narrow(static_cast<std::int64_t>(U(v)))) {}  // NOLINT
 
@@ -30,9 +57,9 @@ public:
         return static_cast<T>(v);
     }
 
-    Checked& operator+=(std::int64_t b) { return *this = Narrow(std::int64_t{v_} + b); }
-    Checked& operator-=(std::int64_t b) { return *this = Narrow(std::int64_t{v_} - b); }
-    Checked& operator*=(std::int64_t b) { return *this = Narrow(std::int64_t{v_} * b); }
+    Checked& operator+=(std::int64_t b) { return *this = Narrow(detail::Add(v_, b)); }
+    Checked& operator-=(std::int64_t b) { return *this = Narrow(detail::Sub(v_, b)); }
+    Checked& operator*=(std::int64_t b) { return *this = Narrow(detail::Mul(v_, b)); }
     Checked& operator++() { return *this += 1; }
     Checked& operator--() { return *this -= 1; }
     Checked operator++(int) { Checked old = *this; *this += 1; return old; }
@@ -43,17 +70,17 @@ public:
     friend Checked operator-(Checked a, Checked b) { return Narrow(std::int64_t{a.v_} - b.v_); }
     friend Checked operator*(Checked a, Checked b) { return Narrow(std::int64_t{a.v_} * b.v_); }
     template <std::integral U>
-    friend Checked operator+(Checked a, U b) { return Narrow(std::int64_t{a.v_} + std::int64_t(b)); }
+    friend Checked operator+(Checked a, U b) { return Narrow(detail::Add(a.v_, detail::Wide(b))); }
     template <std::integral U>
-    friend Checked operator+(U a, Checked b) { return Narrow(std::int64_t(a) + b.v_); }
+    friend Checked operator+(U a, Checked b) { return Narrow(detail::Add(detail::Wide(a), b.v_)); }
     template <std::integral U>
-    friend Checked operator-(Checked a, U b) { return Narrow(std::int64_t{a.v_} - std::int64_t(b)); }
+    friend Checked operator-(Checked a, U b) { return Narrow(detail::Sub(a.v_, detail::Wide(b))); }
     template <std::integral U>
-    friend Checked operator-(U a, Checked b) { return Narrow(std::int64_t(a) - b.v_); }
+    friend Checked operator-(U a, Checked b) { return Narrow(detail::Sub(detail::Wide(a), b.v_)); }
     template <std::integral U>
-    friend Checked operator*(Checked a, U b) { return Narrow(std::int64_t{a.v_} * std::int64_t(b)); }
+    friend Checked operator*(Checked a, U b) { return Narrow(detail::Mul(a.v_, detail::Wide(b))); }
     template <std::integral U>
-    friend Checked operator*(U a, Checked b) { return Narrow(std::int64_t(a) * b.v_); }
+    friend Checked operator*(U a, Checked b) { return Narrow(detail::Mul(detail::Wide(a), b.v_)); }
 
 private:
     T v_ = 0;

@@ -69,7 +69,7 @@ public:
 private:
     static void Check(std::int64_t ub) {
         if (ub < 0) Raise(kErrSubscript);
-        if (ub + 1 > kMaxTableElements) Raise(kErrOutOfMemory);
+        if (ub >= kMaxTableElements) Raise(kErrOutOfMemory);
     }
     std::vector<T> v_;
 };
@@ -108,7 +108,7 @@ public:
 private:
     static void Check(std::int64_t ub) {
         if (ub < 0) Raise(kErrSubscript);
-        if ((ub + 1) * kRaces > kMaxTableElements) Raise(kErrOutOfMemory);
+        if (ub >= kMaxTableElements / kRaces) Raise(kErrOutOfMemory);
     }
     std::array<std::vector<T>, kRaces> rows_;
     std::int64_t ub_ = -1;
