@@ -1,5 +1,6 @@
 #include "model/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -32,27 +33,62 @@ std::size_t PlainNumberLength(std::string_view s, bool& anyDigit) {
     return i;
 }
 
-double ParsePlain(std::string_view s) {
-    // from_chars takes no leading plus sign.
+// Decimal exponent of the leading digit of a number text that is known to be valid: 2 for
+// "123.4", -3 for "0.00123", plus any exponent written after it.
+std::int64_t LeadingExponent(std::string_view s) {
+    std::int64_t e = 0;
+    std::size_t i = 0;
+    std::int64_t whole = 0;
+    bool seenNonZero = false;
+    for (; i < s.size() && IsDigit(s[i]); ++i) {
+        if (s[i] != '0') seenNonZero = true;
+        if (seenNonZero) ++whole;
+    }
+    if (seenNonZero) {
+        e = whole - 1;
+    } else if (i < s.size() && s[i] == '.') {
+        ++i;
+        std::int64_t zeros = 0;
+        while (i < s.size() && s[i] == '0') ++zeros, ++i;
+        e = -(zeros + 1);
+    }
+    while (i < s.size() && (IsDigit(s[i]) || s[i] == '.')) ++i;
+    if (i < s.size() && (s[i] == 'e' || s[i] == 'E' || s[i] == 'd' || s[i] == 'D')) {
+        ++i;
+        bool neg = false;
+        if (i < s.size() && (s[i] == '+' || s[i] == '-')) neg = s[i++] == '-';
+        std::int64_t x = 0;
+        for (; i < s.size() && IsDigit(s[i]); ++i)
+            x = std::min<std::int64_t>(x * 10 + (s[i] - '0'), 1000000);
+        e += neg ? -x : x;
+    }
+    return e;
+}
+
+// Reads a number text already checked to be one: an optional sign, digits with at most one
+// point (".5" and "5." included), and for the file fields an exponent marked e, E, d or D.
+// A value too large for the type is an overflow; one too small to hold reads as 0.
+template <class T>
+T ParseDecimal(std::string_view s) {
     bool neg = false;
     if (!s.empty() && (s[0] == '+' || s[0] == '-')) {
         neg = s[0] == '-';
         s.remove_prefix(1);
     }
-    std::string tmp;
-    if (!s.empty() && s[0] == '.') {
-        tmp = "0";
-        tmp.append(s);
-        s = tmp;
+    std::string copy;
+    if (s.find_first_of("dD") != std::string_view::npos) {
+        copy.assign(s);
+        for (char& c : copy)
+            if (c == 'd' || c == 'D') c = 'e';
+        s = copy;
     }
-    if (!s.empty() && s.back() == '.') {
-        if (tmp.empty()) tmp.assign(s);
-        tmp.push_back('0');
-        s = tmp;
-    }
-    double v = 0;
+    T v = 0;
     auto r = std::from_chars(s.data(), s.data() + s.size(), v);
-    if (r.ec == std::errc::result_out_of_range) v = HUGE_VAL;
+    if (r.ec == std::errc::result_out_of_range) {
+        if (LeadingExponent(s) >= 0) Raise(kErrOverflow);
+        v = 0;
+    }
+    if (!std::isfinite(v)) Raise(kErrOverflow);
     return neg ? -v : v;
 }
 
@@ -132,7 +168,7 @@ double Val(std::string_view text) {
     bool anyDigit = false;
     std::size_t n = PlainNumberLength(text, anyDigit);
     if (!anyDigit) return 0.0;
-    return ParsePlain(text.substr(0, n));
+    return ParseDecimal<double>(text.substr(0, n));
 }
 
 std::string NumText(double v) {
@@ -255,51 +291,27 @@ bool IsNumberText(std::string_view s, bool& hasExponent) {
     return true;
 }
 
-double ParseWithExponent(std::string_view s) {
-    std::string t(s);
-    for (char& c : t)
-        if (c == 'd' || c == 'D') c = 'e';
-    if (t[0] == '+') t.erase(0, 1);
-    double v = 0;
-    auto r = std::from_chars(t.data(), t.data() + t.size(), v);
-    if (r.ec == std::errc::result_out_of_range) return HUGE_VAL;
-    return v;
-}
 }  // namespace
 
 std::optional<double> ParseDoubleField(std::string_view s) {
     if (s.empty()) return 0.0;
     bool ex = false;
     if (!IsNumberText(s, ex)) return std::nullopt;
-    double v = ex ? ParseWithExponent(s) : ParsePlain(s);
-    if (!std::isfinite(v)) Raise(kErrOverflow);
-    return v;
+    return ParseDecimal<double>(s);
 }
 
 std::optional<float> ParseSingleField(std::string_view s) {
     if (s.empty()) return 0.0f;
     bool ex = false;
     if (!IsNumberText(s, ex)) return std::nullopt;
-    std::string t(s);
-    for (char& c : t)
-        if (c == 'd' || c == 'D') c = 'e';
-    bool neg = false;
-    if (t[0] == '+' || t[0] == '-') {
-        neg = t[0] == '-';
-        t.erase(0, 1);
-    }
-    if (t[0] == '.') t.insert(t.begin(), '0');
-    float v = 0;
-    auto r = std::from_chars(t.data(), t.data() + t.size(), v);
-    if (r.ec == std::errc::result_out_of_range || !std::isfinite(v)) Raise(kErrOverflow);
-    return neg ? -v : v;
+    return ParseDecimal<float>(s);
 }
 
 std::optional<Currency> ParseCurrencyField(std::string_view s) {
     if (s.empty()) return Currency();
     bool ex = false;
     if (!IsNumberText(s, ex)) return std::nullopt;
-    if (ex) return Currency::FromDouble(ParseWithExponent(s));
+    if (ex) return Currency::FromDouble(ParseDecimal<double>(s));
     bool neg = false;
     if (s[0] == '+' || s[0] == '-') {
         neg = s[0] == '-';
