@@ -1,5 +1,6 @@
 #include "model/common.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "model/ports.h"
@@ -77,10 +78,18 @@ void BuildBetTypeCombo(ListData& list, bool withAll, bool withPools, bool withAc
 
 namespace {
 void AlignBlock(GridData& grid, int row1, int row2, int col1, int col2, CellAlign a) {
+    const int lastRow = grid.Rows() - 1, lastCol = grid.Cols() - 1;
+    if (lastRow < 0 || lastCol < 0) return;
     if (row1 < 0) row1 = 0;
     if (col1 < 0) col1 = 0;
-    if (row2 < 0 || row2 >= grid.Rows()) row2 = grid.Rows() - 1;
-    if (col2 < 0 || col2 >= grid.Cols()) col2 = grid.Cols() - 1;
+    if (row2 < 0 || row2 > lastRow) row2 = lastRow;
+    if (col2 < 0 || col2 > lastCol) col2 = lastCol;
+    // The block lies between the two corners, whichever comes first, as a grid selection
+    // does; a first corner past the end reaches no further than the last cell.
+    if (row1 > row2) std::swap(row1, row2);
+    if (col1 > col2) std::swap(col1, col2);
+    row2 = std::min(row2, lastRow);
+    col2 = std::min(col2, lastCol);
     for (int r = row1; r <= row2; ++r)
         for (int c = col1; c <= col2; ++c) grid.SetCellAlignment(r, c, a);
 }

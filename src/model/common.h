@@ -74,7 +74,7 @@ std::pair<std::string, std::string> OddsToFraction(double odds);
 // too.
 std::string PadNumber(const std::string& text, std::int16_t& width);
 inline std::string PadNumber(const std::string& text, int width = 5) {
-    std::int16_t w = static_cast<std::int16_t>(width);
+    std::int16_t w = static_cast<std::int16_t>(width > 12 ? 12 : width < -32768 ? -32768 : width);
     return PadNumber(text, w);
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <numeric>
 
 #include "model/app_error.h"
@@ -30,7 +31,11 @@ bool SortsAsNumber(const std::string& cell, double& value) {
     if (t[0] == '.') t.insert(t.begin(), '0');
     if (t.back() == '.') t.push_back('0');
     double v = 0;
-    std::from_chars(t.data(), t.data() + t.size(), v);
+    if (std::from_chars(t.data(), t.data() + t.size(), v).ec == std::errc::result_out_of_range) {
+        // Too many digits to hold: huge when a digit before the point is not 0, else tiny.
+        std::size_t p = t.find('.');
+        v = t.substr(0, p).find_first_not_of('0') != std::string::npos ? HUGE_VAL : 0.0;
+    }
     value = neg ? -v : v;
     return true;
 }

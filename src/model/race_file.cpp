@@ -1,5 +1,6 @@
 #include "model/race_file.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "model/ports.h"
@@ -58,7 +59,10 @@ void ClearRaceFile() {
 void DrawFileId() {
     if (RF.FileId != 0) return;
     Random().Randomize();
-    RF.FileId = static_cast<std::int16_t>(std::floor(Random().Rnd() * 30000.0 + 1.0));
+    // The identity must stay within 1 to 30,000 even if a generator hands back its bound.
+    double r = std::clamp(Random().Rnd(), 0.0, std::nextafter(1.0, 0.0));
+    if (std::isnan(r)) r = 0.0;
+    RF.FileId = static_cast<std::int16_t>(std::floor(r * 30000.0 + 1.0));
 }
 
 void InitialiseTables() {
