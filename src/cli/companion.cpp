@@ -10,8 +10,13 @@
 #include "cli/console_ports.h"
 #include "files/file_commands.h"
 #include "files/race_file_io.h"
+#include "model/grid_data.h"
 #include "model/number_text.h"
 #include "model/race_file.h"
+#include "payouts/display_payouts_logic.h"
+#include "payouts/edit_results_logic.h"
+#include "payouts/payout_handling_logic.h"
+#include "payouts/settlement.h"
 #include "shell/qt_settings.h"
 
 namespace tt::cli {
@@ -98,9 +103,118 @@ int Recent(Context& c) {
     return 0;
 }
 
+// A grid as tab-separated rows, header first, hidden columns left out.
+void PrintGrid(std::ostream& out, const GridData& grid) {
+    for (int r = 0; r < grid.Rows(); ++r) {
+        bool first = true;
+        for (int c = 0; c < grid.Cols(); ++c) {
+            if (grid.ColWidth(c) == 0) continue;
+            if (!first) out << "\t";
+            out << grid.TextMatrix(r, c);
+            first = false;
+        }
+        out << "\n";
+    }
+}
+
+// The race of --race: a named race of the card.
+int RaceOption(Context& c) {
+    bool ok = false;
+    int race = c.parser.value("race").toInt(&ok);
+    if (!ok || race < 1 || race > kMaxRace || !RaceExists(race)) {
+        c.err << "tally: no race " << c.parser.value("race").toStdString() << " on this card\n";
+        return 0;
+    }
+    return race;
+}
+
+int Settle(Context& c) {
+    const QStringList files = c.parser.positionalArguments();
+    if (files.size() != 2 || !c.parser.isSet("race")) return -1;
+    std::vector<std::int64_t> finishers;
+    if (c.parser.isSet("result")) {
+        for (const QString& part : c.parser.value("result").split(',')) {
+            bool ok = false;
+            finishers.push_back(part.trimmed().toLongLong(&ok));
+            if (!ok) return -1;
+        }
+        if (finishers.size() != 5) return -1;
+    }
+    std::string handling;
+    if (c.parser.isSet("handling")) {
+        static const std::map<std::string, std::string> kHandling = {
+            {"most", "Most"}, {"payback", "Payback"}, {"nopay", "NoPay"}};
+        auto h = kHandling.find(c.parser.value("handling").toStdString());
+        if (h == kHandling.end()) return -1;
+        handling = h->second;
+    }
+
+    ConsoleWorld world(c.err, Policy::kYes);
+    if (!Open(world, files[1].toStdString())) return 1;
+    const std::string path = G.FilePath;
+    int race = RaceOption(c);
+    if (race == 0) return 1;
+    // Every pool without winners is answered as the flag says where the dialog allows it.
+    world.shell.onShow = [&](const std::string& name) {
+        if (name != "frmPayoutHandling") return;
+        PayoutHandlingLogic dialog;
+        dialog.Form_Load();
+        if (!handling.empty()) dialog.Choose(handling);
+        dialog.cmdOK_Click();
+    };
+
+    G.CurrentRace = race;
+    bool calculated = false;
+    if (!finishers.empty()) {
+        EditResultsLogic results;
+        results.Form_Load();
+        for (int k = 1; k <= 5; ++k) {
+            if (RF.Race(race).Result(k) != finishers[static_cast<std::size_t>(k - 1)]) calculated = true;
+            ListData& list = results.comRacerName[static_cast<std::size_t>(k)].list;
+            int index = -1;
+            for (int i = 0; i < list.ListCount(); ++i)
+                if (list.ItemData(i) == finishers[static_cast<std::size_t>(k - 1)]) index = i;
+            if (index < 0) {
+                c.err << "tally: racer slot " << finishers[static_cast<std::size_t>(k - 1)]
+                      << " cannot finish race " << race << "\n";
+                return 1;
+            }
+            list.SetListIndex(index);
+            results.comRacerName_Click(k);
+        }
+        results.cmdOK_Click();
+        if (!results.unloaded) return 1;  // a check refused the result
+    }
+    if (!calculated) {
+        G.CurrentRace = race;
+        CalcPayouts();
+    }
+    G.FilePath = c.parser.isSet("o") ? c.parser.value("o").toStdString() : path;
+    WriteRaceFile();
+    return G.CancelFlag ? 1 : 0;
+}
+
+int Payouts(Context& c) {
+    const QStringList files = c.parser.positionalArguments();
+    if (files.size() != 2 || !c.parser.isSet("race")) return -1;
+    ConsoleWorld world(c.err, Policy::kCancel);
+    if (!Open(world, files[1].toStdString())) return 1;
+    int race = RaceOption(c);
+    if (race == 0) return 1;
+    G.CurrentRace = race;
+    DisplayPayoutsLogic display;
+    display.Form_Load();
+    for (int k = 1; k <= 5; ++k) c.out << display.txtRacerName(k).text << "\n";
+    PrintGrid(c.out, display.flxWPS);
+    PrintGrid(c.out, display.flxPayouts);
+    return 0;
+}
+
 const char* kUsage =
     "usage: tally info FILE\n"
     "       tally resave FILE -o OUT [--yes]\n"
+    "       tally settle FILE --race N [--result S1,S2,S3,S4,S5] [--handling most|payback|nopay] [-o OUT]\n"
+    "       tally payouts FILE --race N\n"
     "       tally recent FILE\n";
 
 }  // namespace
@@ -111,13 +225,16 @@ int RunTally(const std::vector<std::string>& args, std::ostream& out, std::ostre
     QCommandLineParser parser;
     parser.addOption({{"o", "output"}, "Where to save.", "OUT"});
     parser.addOption({"yes", "Answer OK to the questions about older or later versions."});
+    parser.addOption({"race", "The race.", "N"});
+    parser.addOption({"result", "The racer finishers of the five finishers, 0 for none.", "S1,S2,S3,S4,S5"});
+    parser.addOption({"handling", "How to pay a pool without winners: most, payback or nopay.", "HOW"});
     if (!parser.parse(list)) {
         err << "tally: " << parser.errorText().toStdString() << "\n" << kUsage;
         return 2;
     }
     const QStringList pos = parser.positionalArguments();
     static const std::map<std::string, std::function<int(Context&)>> kCommands = {
-        {"info", Info}, {"resave", Resave}, {"recent", Recent}};
+        {"info", Info}, {"resave", Resave}, {"recent", Recent}, {"settle", Settle}, {"payouts", Payouts}};
     auto it = pos.isEmpty() ? kCommands.end() : kCommands.find(pos[0].toStdString());
     if (it == kCommands.end()) {
         err << kUsage;
