@@ -128,7 +128,7 @@ bool PayoutCalc::Scratched(int race, std::int64_t betNbr) {
         running.assign(65536, 0);
         for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) {
             const RacerRec& r = RF.Racer(race, n);
-            if (!r.Scratched) running[static_cast<std::size_t>(r.BetNbr + 32768)] = 1;
+            if (!r.Scratched) running[static_cast<std::size_t>(r.BetNbr.Value() + 32768)] = 1;
         }
     }
     return running[static_cast<std::size_t>(betNbr + 32768)] == 0;
