@@ -1,7 +1,9 @@
 #include "model/common.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <thread>
 
 #include "model/ports.h"
 #include "model/race_file.h"
@@ -35,7 +37,10 @@ void WaitSeconds(double n) {
     if (n <= 0) return;
     std::int64_t start = Clock().MonotonicMs();
     std::int64_t wait = static_cast<std::int64_t>(n * 1000.0);
-    while (Clock().MonotonicMs() - start < wait) Shell().DoEvents();
+    while (Clock().MonotonicMs() - start < wait) {
+        Shell().DoEvents();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
 }
 
 void SelectByItemData(ListData& list, std::int64_t value) {

@@ -119,7 +119,13 @@ public:
         gen_.seed(static_cast<std::uint64_t>(
             std::chrono::high_resolution_clock::now().time_since_epoch().count()));
     }
-    double Rnd() override { return std::uniform_real_distribution<double>(0.0, 1.0)(gen_); }
+    double Rnd() override {
+        // The distribution can round up to 1.0; the document wants [0, 1).
+        double r;
+        do r = std::uniform_real_distribution<double>(0.0, 1.0)(gen_);
+        while (r >= 1.0);
+        return r;
+    }
 
 private:
     std::mt19937_64 gen_{12345};
