@@ -1,3 +1,8 @@
+#include <algorithm>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <new>
 #include <vector>
 
 #include "files/file_commands.h"
@@ -11,69 +16,162 @@ namespace tt {
 
 namespace {
 
-// Appends the fields of one line.
-class LineWriter {
+// The bytes of the file as they are built: a buffer that grows without clearing what it adds,
+// since every byte is written once. A race card of 200,000 bets is about 17 MB.
+class Buffer {
 public:
-    explicit LineWriter(std::string& out) : out_(out) {}
+    Buffer() = default;
+    ~Buffer() { std::free(data_); }
+    Buffer(const Buffer&) = delete;
+    Buffer& operator=(const Buffer&) = delete;
 
-    LineWriter& Text(std::string_view s) {
-        Sep();
-        out_.push_back('"');
-        out_.append(s);
-        out_.push_back('"');
-        return *this;
-    }
-    LineWriter& Int(std::int64_t v) {
-        Sep();
-        AppendFileNumber(v, out_);
-        return *this;
-    }
-    LineWriter& Money(Currency c) {
-        Sep();
-        AppendFileNumber(out_, c);
-        return *this;
-    }
-    LineWriter& Single(float f) {
-        Sep();
-        AppendFileNumber(out_, f);
-        return *this;
-    }
-    LineWriter& Double(double d) {
-        Sep();
-        AppendFileNumber(out_, d);
-        return *this;
-    }
-    LineWriter& Bool(Flag f) {
-        Sep();
-        out_.append(f ? "#TRUE#" : "#FALSE#");
-        return *this;
-    }
-    LineWriter& Date(const DateTime& d) {
-        Sep();
-        out_.push_back('#');
-        out_.append(d.Text());
-        out_.push_back('#');
-        return *this;
-    }
-    // Ends the line; a trailing comma stands before the line end where the format has one.
-    void End(bool trailingComma = false) {
-        if (trailingComma) out_.push_back(',');
-        out_.append("\r\n");
-        first_ = true;
+    std::string_view View() const { return {data_, len_}; }
+    char* Begin() const { return data_; }
+    char* Limit() const { return data_ + cap_; }
+    void SetEnd(char* end) { len_ = static_cast<std::size_t>(end - data_); }
+    // Makes room for at least n bytes after the first len ones.
+    void Grow(std::size_t n) {
+        std::size_t cap = std::max({cap_ * 2, len_ + n, std::size_t{4096}});
+        void* p = std::realloc(data_, cap);
+        if (!p) throw std::bad_alloc();
+        data_ = static_cast<char*>(p);
+        cap_ = cap;
     }
 
 private:
-    void Sep() {
-        if (!first_) out_.push_back(',');
-        first_ = false;
-    }
-    std::string& out_;
-    bool first_ = true;
+    char* data_ = nullptr;
+    std::size_t len_ = 0;
+    std::size_t cap_ = 0;
 };
+
+constexpr char kDigitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+inline char* PutDigits(char* d, std::uint64_t v) {
+    if (v < 10) {
+        *d = static_cast<char>('0' + v);
+        return d + 1;
+    }
+    if (v < 100) {
+        std::memcpy(d, kDigitPairs + 2 * v, 2);
+        return d + 2;
+    }
+    return std::to_chars(d, d + 20, v).ptr;
+}
+
+// Writes the fields of the lines. Every field is followed by its comma; the line end takes
+// the place of the last one, except where the format keeps a trailing comma. What was written
+// is handed back to the buffer at every line end and when the writer goes, also on an error.
+class LineWriter {
+public:
+    explicit LineWriter(Buffer& out) : out_(out), cur_(out.Begin() + out.View().size()), limit_(out.Limit()) {}
+    ~LineWriter() { out_.SetEnd(cur_); }
+    LineWriter(const LineWriter&) = delete;
+    LineWriter& operator=(const LineWriter&) = delete;
+
+    void Reserve(std::size_t n) { Room(n); }
+
+    [[gnu::always_inline]] LineWriter& Text(std::string_view s) {
+        Room(s.size() + 3);
+        char* d = cur_;
+        *d++ = '"';
+        if (!s.empty()) std::memcpy(d, s.data(), s.size());
+        d += s.size();
+        *d++ = '"';
+        *d++ = ',';
+        cur_ = d;
+        return *this;
+    }
+    [[gnu::always_inline]] LineWriter& Int(std::int64_t v) {
+        Room(24);
+        char* d = cur_;
+        std::uint64_t a = static_cast<std::uint64_t>(v);
+        if (v < 0) {
+            *d++ = '-';
+            a = ~a + 1;
+        }
+        d = PutDigits(d, a);
+        *d++ = ',';
+        cur_ = d;
+        return *this;
+    }
+    // Up to four decimals, no trailing zeros, no point when the amount is whole.
+    [[gnu::always_inline]] LineWriter& Money(Currency c) {
+        Room(32);
+        char* d = cur_;
+        const std::int64_t raw = c.Raw();
+        std::uint64_t a = static_cast<std::uint64_t>(raw);
+        if (raw < 0) {
+            *d++ = '-';
+            a = ~a + 1;
+        }
+        d = PutDigits(d, a / 10000);
+        if (unsigned frac = static_cast<unsigned>(a % 10000)) {
+            char f[4];
+            std::memcpy(f, kDigitPairs + 2 * (frac / 100), 2);
+            std::memcpy(f + 2, kDigitPairs + 2 * (frac % 100), 2);
+            int len = 4;
+            while (f[len - 1] == '0') --len;
+            *d++ = '.';
+            std::memcpy(d, f, 4);
+            d += len;
+        }
+        *d++ = ',';
+        cur_ = d;
+        return *this;
+    }
+    LineWriter& Single(float f) {
+        scratch_.clear();
+        AppendFileNumber(scratch_, f);
+        return Raw(scratch_);
+    }
+    LineWriter& Double(double v) {
+        scratch_.clear();
+        AppendFileNumber(scratch_, v);
+        return Raw(scratch_);
+    }
+    LineWriter& Bool(Flag f) { return f ? Raw("#TRUE#") : Raw("#FALSE#"); }
+    LineWriter& Date(const DateTime& d) { return Raw("#" + d.Text() + "#"); }
+    // Ends the line; a trailing comma stands before the line end where the format has one.
+    void End(bool trailingComma = false) {
+        Room(2);
+        if (!trailingComma) --cur_;  // the comma after the last field
+        cur_[0] = '\r';
+        cur_[1] = '\n';
+        cur_ += 2;
+    }
+
+private:
+    void Room(std::size_t n) {
+        if (static_cast<std::size_t>(limit_ - cur_) >= n) return;
+        out_.SetEnd(cur_);
+        out_.Grow(n);
+        cur_ = out_.Begin() + out_.View().size();
+        limit_ = out_.Limit();
+    }
+    LineWriter& Raw(std::string_view s) {
+        Room(s.size() + 1);
+        std::memcpy(cur_, s.data(), s.size());
+        cur_ += s.size();
+        *cur_++ = ',';
+        return *this;
+    }
+    Buffer& out_;
+    char* cur_;
+    char* limit_;
+    std::string scratch_;
+};
+
+// How many bets ahead the writer fetches the bet and ticket it will write.
+constexpr std::size_t kPrefetch = 12;
 
 void Clean(std::string& s) {
     if (s.find('"') != std::string::npos) s = CleanText(std::move(s));
 }
+
+void BuildRaceFile(Buffer& buffer, const DateTime& saved);
 
 }  // namespace
 
@@ -94,10 +192,15 @@ std::string ReplaceAll(std::string text, std::string_view search, std::string_vi
 }
 
 std::string BuildRaceFileText(const DateTime& saved) {
-    std::string out;
-    out.reserve(4096 + static_cast<std::size_t>(RF.MaxBets.Value()) * 22 * 96 +
-                static_cast<std::size_t>(RF.MaxRacers.Value()) * 22 * 64);
-    LineWriter w(out);
+    Buffer buffer;
+    BuildRaceFile(buffer, saved);
+    return std::string(buffer.View());
+}
+
+namespace {
+
+void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
+    LineWriter w(buffer);
 
     w.Text("%Header`").Text(kProduct).Text(kFormatVersion).Date(saved).End();
 
@@ -161,31 +264,39 @@ std::string BuildRaceFileText(const DateTime& saved) {
         }
     }
 
-    // Each bettor's bets, race by race and slot by slot. The bets are grouped by the bettor of
-    // their ticket in one pass rather than scanned once per bettor.
+    // Each bettor's bets, race by race and slot by slot. The slots are grouped by the bettor of
+    // their ticket in two passes rather than scanned once for every bettor.
     const int bettors = RF.BettorCount;
+    const std::int64_t slots = RF.MaxBets;
+    struct Entry {
+        std::int32_t slot;
+        std::int32_t ticket;
+        int race;
+    };
     std::vector<std::int64_t> start(static_cast<std::size_t>(bettors) + 2, 0);
-    std::vector<std::pair<std::int8_t, std::int32_t>> order;
-    if (bettors >= 1) {
-        auto bettorOf = [](int r, std::int64_t n) -> int {
-            return RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor;
-        };
+    std::vector<Entry> order;
+    if (bettors >= 1 && slots >= 1) {
+        std::vector<std::int16_t> owner(static_cast<std::size_t>(kMaxRace * slots));
         for (int r = 1; r <= kMaxRace; ++r)
-            for (std::int64_t n = 1; n <= RF.MaxBets; ++n) {
-                int b = bettorOf(r, n);
+            for (std::int64_t n = 1; n <= slots; ++n) {
+                int b = RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor;
+                owner[static_cast<std::size_t>((r - 1) * slots + n - 1)] = static_cast<std::int16_t>(b);
                 if (b >= 1 && b <= bettors) ++start[static_cast<std::size_t>(b) + 1];
             }
-        for (int b = 1; b <= bettors; ++b) start[static_cast<std::size_t>(b) + 1] += start[static_cast<std::size_t>(b)];
+        for (int b = 1; b <= bettors; ++b)
+            start[static_cast<std::size_t>(b) + 1] += start[static_cast<std::size_t>(b)];
         order.resize(static_cast<std::size_t>(start[static_cast<std::size_t>(bettors) + 1]));
         std::vector<std::int64_t> fill(start.begin(), start.end());
         for (int r = 1; r <= kMaxRace; ++r)
-            for (std::int64_t n = 1; n <= RF.MaxBets; ++n) {
-                int b = bettorOf(r, n);
+            for (std::int64_t n = 1; n <= slots; ++n) {
+                int b = owner[static_cast<std::size_t>((r - 1) * slots + n - 1)];
                 if (b >= 1 && b <= bettors)
                     order[static_cast<std::size_t>(fill[static_cast<std::size_t>(b)]++)] = {
-                        static_cast<std::int8_t>(r), static_cast<std::int32_t>(n)};
+                        static_cast<std::int32_t>(n), RF.Bet(r, n).TicketIdx, r};
             }
     }
+    // Room for the bets and the payouts in one go; a bet takes about 90 bytes.
+    w.Reserve(order.size() * 128 + static_cast<std::size_t>(bettors) * 128 + 20 * 4096);
     for (int b = 1; b <= bettors; ++b) {
         BettorRec& bettor = RF.Bettor(b);
         Clean(bettor.BettorName);
@@ -198,10 +309,20 @@ std::string BuildRaceFileText(const DateTime& saved) {
             .Text(bettor.BettorEmail)
             .Text(bettor.BettorPhone)
             .End();
-        for (std::int64_t i = start[static_cast<std::size_t>(b)]; i < start[static_cast<std::size_t>(b) + 1]; ++i) {
-            auto [r, n] = order[static_cast<std::size_t>(i)];
-            const BetRec& bet = RF.Bet(r, n);
-            const TicketRec& t = RF.Ticket(bet.TicketIdx);
+        const auto last = static_cast<std::size_t>(start[static_cast<std::size_t>(b) + 1]);
+        for (auto i = static_cast<std::size_t>(start[static_cast<std::size_t>(b)]); i < last; ++i) {
+            // The bets of a bettor lie all over the table: fetch the ones a few steps ahead
+            // while this one is written.
+            if (i + kPrefetch < order.size()) {
+                const Entry& ahead = order[i + kPrefetch];
+                const char* bet = reinterpret_cast<const char*>(&RF.Bet(ahead.race, ahead.slot));
+                __builtin_prefetch(bet);
+                __builtin_prefetch(bet + sizeof(BetRec) - 1);
+                __builtin_prefetch(&RF.Ticket(ahead.ticket));
+            }
+            const int r = order[i].race;
+            const BetRec& bet = RF.Bet(r, order[i].slot);
+            const TicketRec& t = RF.Ticket(order[i].ticket);
             w.Text("%Bet   `")
                 .Int(r)
                 .Money(bet.BetAmt)
@@ -236,17 +357,29 @@ std::string BuildRaceFileText(const DateTime& saved) {
             }
         w.End(true);
     }
-    return out;
 }
+
+}  // namespace
 
 void WriteRaceFile() {
     G.CancelFlag = false;
     MakeBackup(G.FilePath);
     if (G.CancelFlag) return;
     Shell().SetBusy(true);
+    Buffer buffer;
     try {
-        std::string text = BuildRaceFileText(Clock().Now());
-        Files().WriteAll(G.FilePath, text);
+        try {
+            BuildRaceFile(buffer, Clock().Now());
+        } catch (...) {
+            // The file is created before its first record is written: what was built up to the
+            // failing record is what stays on disk, as for a failing write.
+            try {
+                Files().WriteAll(G.FilePath, buffer.View());
+            } catch (const std::exception&) {
+            }
+            throw;
+        }
+        Files().WriteAll(G.FilePath, buffer.View());
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
         Beep();
