@@ -23,12 +23,11 @@ bool Unwrap(std::string_view& s) {
 
 std::string_view FieldReader::Next() {
     const std::size_t n = data_.size();
+    if (pos_ >= n) throw AppError(kErrInputPastEnd);
     std::size_t p = pos_;
     while (p < n && IsBlank(data_[p])) ++p;
-    if (pos_ >= n) throw AppError(kErrInputPastEnd);
     std::string_view value;
     if (p < n && data_[p] == '"') {
-        quoted_ = true;
         std::size_t start = p + 1;
         const void* q = std::memchr(data_.data() + start, '"', n - start);
         std::size_t end = q ? static_cast<std::size_t>(static_cast<const char*>(q) - data_.data()) : n;
@@ -37,7 +36,6 @@ std::string_view FieldReader::Next() {
         // Whatever stands between the closing quote and the delimiter is ignored.
         while (p < n && data_[p] != ',' && data_[p] != '\r' && data_[p] != '\n') ++p;
     } else {
-        quoted_ = false;
         std::size_t start = p;
         while (p < n && data_[p] != ',' && data_[p] != '\r' && data_[p] != '\n') ++p;
         std::size_t end = p;
@@ -58,7 +56,7 @@ std::string_view FieldReader::Next() {
     return value;
 }
 
-std::int64_t FieldReader::ReadInteger(std::int64_t lo, std::int64_t hi) {
+std::int64_t FieldReader::ReadIntegerSlow(std::int64_t lo, std::int64_t hi) {
     std::string_view s = Next();
     // The common case: an optional minus sign and a few digits.
     std::size_t i = 0;
@@ -93,7 +91,7 @@ std::int64_t FieldReader::ReadInteger(std::int64_t lo, std::int64_t hi) {
     return static_cast<std::int64_t>(r);
 }
 
-Currency FieldReader::ReadCurrency() {
+Currency FieldReader::ReadCurrencySlow() {
     auto c = ParseCurrencyField(Next());
     if (!c) throw AppError(kErrTypeMismatch);
     return *c;
@@ -111,7 +109,7 @@ double FieldReader::ReadDouble() {
     return *d;
 }
 
-Flag FieldReader::ReadFlag() {
+Flag FieldReader::ReadFlagSlow() {
     std::string_view s = Next();
     if (s == "#TRUE#") return true;
     if (s == "#FALSE#") return false;
