@@ -30,7 +30,8 @@ void DisplayPayoutsLogic::Form_Load() {
     if (G.CurrentRace == 0) G.CurrentRace = RF.DefaultRace;
     comRaceName.Clear();
     for (int r = 1; r <= kMaxRace; ++r)
-        if (RaceExists(r)) comRaceName.AddItem(PadNumber(Str(r), 5) + " - " + RF.Race(r).RaceName, r);
+        if (RaceExists(r))
+            comRaceName.AddItem(PadNumber(Str(r), 5) + " - " + RF.Race(r).RaceName, r);
     int race = G.CurrentRace;
     if (race == 0) race = RF.DefaultRace;
     if (race == 0) race = LastFinishedRace();
@@ -58,7 +59,8 @@ void DisplayPayoutsLogic::comRaceName_Click() {
 
 void DisplayPayoutsLogic::chkDefault_Click() {
     // Clicked off it changes nothing.
-    if (chkDefault.value == 1) RF.DefaultRace = static_cast<std::int16_t>(comRaceName.SelectedData());
+    if (chkDefault.value == 1)
+        RF.DefaultRace = static_cast<std::int16_t>(comRaceName.SelectedData());
 }
 
 void DisplayPayoutsLogic::cmdEditResults_Click() {
@@ -67,7 +69,9 @@ void DisplayPayoutsLogic::cmdEditResults_Click() {
     Shell().ShowForm("frmEditResults", true);
 }
 
-void DisplayPayoutsLogic::txtInterval_KeyPress(int& key) { key = NumericKeyFilter(key, false); }
+void DisplayPayoutsLogic::txtInterval_KeyPress(int& key) {
+    key = NumericKeyFilter(key, false);
+}
 
 void DisplayPayoutsLogic::Timer1_Timer() {
     if (optAutoOff.value) return;
@@ -144,7 +148,8 @@ void DisplayPayoutsLogic::FillGrids() {
     // A type not offered holds 0 and shows 2.00: there is no test for it here.
     for (int type = 1; type <= 3; ++type)
         for (int pos = 1; pos <= type; ++pos)
-            flxWPS.SetTextMatrix(pos, type, PayoutCellText(RF.Payout(race, type, pos).PayRatio, race));
+            flxWPS.SetTextMatrix(pos, type,
+                                 PayoutCellText(RF.Payout(race, type, pos).PayRatio, race));
 
     for (int t = 4; t <= 10; ++t) {
         std::string name;
@@ -152,7 +157,8 @@ void DisplayPayoutsLogic::FillGrids() {
         if (t <= 5) {
             if (!rc.BetType(t)) continue;
             const int m = t == 4 ? 2 : 3;
-            name = G.BetTypeName(t) + " -" + Str(Finishers(1).Value()) + "," + Str(Finishers(2).Value());
+            name = G.BetTypeName(t) + " -" + Str(Finishers(1).Value()) + "," +
+                   Str(Finishers(2).Value());
             if (t == 5) name += "," + Str(Finishers(3).Value());
             const int paid = rc.CorrectPaid(t);
             if (paid < m) name += " (" + Str(paid) + " correct)";
@@ -170,10 +176,14 @@ void DisplayPayoutsLogic::FillGrids() {
             if (paid < t - 4) name += " (" + Str(paid) + " correct )";
             const double ratio = RF.Payout(race, t, 1).PayRatio;
             const double rounded = RoundPlaces(ratio, 0);
-            if (rounded == -1) wins = "Payback";
-            else if (rounded == -2) wins = "No Pay";
-            else if (rounded == -3) wins = "Incomplt";
-            else wins = MoneyText(RoundDownTo(2 * ratio + 2, rc.RoundTo));
+            if (rounded == -1)
+                wins = "Payback";
+            else if (rounded == -2)
+                wins = "No Pay";
+            else if (rounded == -3)
+                wins = "Incomplt";
+            else
+                wins = MoneyText(RoundDownTo(2 * ratio + 2, rc.RoundTo));
         }
         flxPayouts.AddItem(name + "\t" + wins);
     }

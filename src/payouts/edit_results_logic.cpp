@@ -20,6 +20,7 @@ std::string MissingFinisher(const std::string& bets, const std::string& finisher
 EditResultsLogic::EditResultsLogic() {
     caption = "Edit Results";
     lblClear.text = "Reset all to \"Not Available\":";
+    cmdClear.text = "Reset";
     cmdClear.toolTip = "Clear out all result information.";
     cmdOK.text = "OK";
     cmdOK.toolTip = "Save results and recalculate payouts.";
@@ -41,7 +42,8 @@ void EditResultsLogic::Form_Load() {
 void EditResultsLogic::ListRaces() {
     comRaceName.Clear();
     for (int r = 1; r <= kMaxRace; ++r)
-        if (RaceExists(r)) comRaceName.AddItem(PadNumber(Str(r), 5) + " - " + RF.Race(r).RaceName, r);
+        if (RaceExists(r))
+            comRaceName.AddItem(PadNumber(Str(r), 5) + " - " + RF.Race(r).RaceName, r);
 }
 
 void EditResultsLogic::ListRacers() {
@@ -56,11 +58,16 @@ void EditResultsLogic::ListRacers() {
         if (r.RacerName.empty() || r.Scratched) continue;
         const std::string nbr = " (" + NumText(r.BetNbr.Value()) + ")";
         std::string text;
-        if (sort == "Name") text = r.RacerName + nbr;
-        else if (sort == "Post Position") text = PadNumber(r.PostPosition) + " - " + r.RacerName + nbr;
-        else if (sort == "Betting Number" && RF.UseProgramNbr) text = PadNumber(r.ProgramNbr) + " - " + r.RacerName + nbr;
-        else if (sort == "Program Number") text = PadNumber(r.ProgramNbr) + " - " + r.RacerName + nbr;
-        else text = PadNumber(NumText(r.BetNbr.Value())) + " - " + r.RacerName;
+        if (sort == "Name")
+            text = r.RacerName + nbr;
+        else if (sort == "Post Position")
+            text = PadNumber(r.PostPosition) + " - " + r.RacerName + nbr;
+        else if (sort == "Betting Number" && RF.UseProgramNbr)
+            text = PadNumber(r.ProgramNbr) + " - " + r.RacerName + nbr;
+        else if (sort == "Program Number")
+            text = PadNumber(r.ProgramNbr) + " - " + r.RacerName + nbr;
+        else
+            text = PadNumber(NumText(r.BetNbr.Value())) + " - " + r.RacerName;
         for (int k = 1; k <= 5; ++k) comRacerName[k].list.AddItem(text, n);
     }
     // Filling a race is a load, not a change by the user.
@@ -79,7 +86,9 @@ void EditResultsLogic::SelectFinisher(int k, std::int64_t slot) {
     if (comRacerName[k].list.ListIndex() != before) comRacerName_Click(k);
 }
 
-std::int64_t EditResultsLogic::ChosenSlot(int k) const { return comRacerName[k].list.SelectedData(); }
+std::int64_t EditResultsLogic::ChosenSlot(int k) const {
+    return comRacerName[k].list.SelectedData();
+}
 
 void EditResultsLogic::comRacerName_Click(int k) {
     ResultsChanged = true;
@@ -93,7 +102,8 @@ void EditResultsLogic::comRaceName_Click() {
             return;
         }
         Beep();
-        if (MsgBox(std::string("You will lose the changes made to current race!") + kLfCr + "Continue?",
+        if (MsgBox(std::string("You will lose the changes made to current race!") + kLfCr +
+                       "Continue?",
                    Buttons::kOKCancel, Icon::kExclamation) == kCancel) {
             G.CancelFlag = true;
             SelectRace(G.CurrentRace);
@@ -196,7 +206,8 @@ void EditResultsLogic::cmdOK_Click() {
         }
         if (third == 0 && (rc.BetType(3) || rc.BetType(5))) {
             Beep();
-            MsgBox(MissingFinisher("Show and/or Trifecta bets allowed.", "3rd place finisher must be entered"),
+            MsgBox(MissingFinisher("Show and/or Trifecta bets allowed.",
+                                   "3rd place finisher must be entered"),
                    Buttons::kOK, Icon::kExclamation);
             return;
         }
@@ -224,13 +235,18 @@ void EditResultsLogic::cmdCancel_Click() {
 
 void EditResultsLogic::Form_QueryUnload(bool& cancel) {
     switch (KeepChangesQuestion(ResultsChanged, caption)) {
-        case kCancel: cancel = true; break;
+        case kCancel:
+            cancel = true;
+            break;
         case kYes:
             cmdOK_Click();
             if (G.CancelFlag) cancel = true;
             break;
-        case kNo: G.CancelFlag = true; break;
-        default: break;
+        case kNo:
+            G.CancelFlag = true;
+            break;
+        default:
+            break;
     }
 }
 

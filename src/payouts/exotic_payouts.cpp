@@ -53,14 +53,20 @@ void PayoutCalc::CountCorrectPicks(int race, std::int64_t i) {
     }
     b.CorrectPicks = correct;
     if (m == 2) {
-        if (correct == 2) b.WinningCombos = 1;
-        else if (correct == 1) b.WinningCombos = n - 1;
-        else if (correct == 0) b.WinningCombos = 0;
+        if (correct == 2)
+            b.WinningCombos = 1;
+        else if (correct == 1)
+            b.WinningCombos = n - 1;
+        else if (correct == 0)
+            b.WinningCombos = 0;
     } else {
         // Two correct in a box of three gives (3 - 2) * (3 - 3) = 0 combinations: so it stands.
-        if (correct == 3) b.WinningCombos = 1;
-        else if (correct == 2) b.WinningCombos = (n - 2) * (n - 3);
-        else if (correct == 1) b.WinningCombos = (n - 2) * (n - 1);
+        if (correct == 3)
+            b.WinningCombos = 1;
+        else if (correct == 2)
+            b.WinningCombos = (n - 2) * (n - 3);
+        else if (correct == 1)
+            b.WinningCombos = (n - 2) * (n - 1);
     }
 }
 
@@ -220,8 +226,9 @@ void PayoutCalc::CalcMultiRace(int k, int t) {
         }
     } else {
         const PayoutRec& row = RF.Payout(e, t, 1);
-        const Currency net = row.PoolAmt - Currency::FromDouble(row.PoolAmt.ToDouble() *
-                                                                static_cast<double>(RF.Race(k).HoldbackPct) / 100);
+        const Currency net =
+            row.PoolAmt - Currency::FromDouble(row.PoolAmt.ToDouble() *
+                                               static_cast<double>(RF.Race(k).HoldbackPct) / 100);
         const Currency w = RF.Payout(e, t, best).WinningAmt;
         ratio = w.IsZero() ? kPayback : (net - w).ToDouble() / w.ToDouble();
         NormaliseRaceLimits(k);

@@ -26,8 +26,10 @@ void PayoutHandlingLogic::Form_Load() {
     optPayback.enabled = true;
     optNoPay.enabled = true;
     optMost.value = optPayback.value = optNoPay.value = 0;
-    if (most) optMost.value = -1;
-    else optPayback.value = -1;
+    if (most)
+        optMost.value = -1;
+    else
+        optPayback.value = -1;
     SetFocus("cmdOK");
     if (const PayoutCalc* calc = RunningPayoutCalc()) G.CurrentRace = calc->CurRace;
     Beep();

@@ -17,7 +17,9 @@ Int16 HandlingBestCorrect;
 namespace {
 PayoutCalc* g_running = nullptr;
 
-bool IsAcross(std::int64_t type) { return type == kAcrossTheBoard; }
+bool IsAcross(std::int64_t type) {
+    return type == kAcrossTheBoard;
+}
 }  // namespace
 
 void ResetPayoutHandling() {
@@ -108,11 +110,17 @@ void ClearRaceWinnings(int race) {
 
 // ---- The calculation ----------------------------------------------------------------------
 
-PayoutCalc::PayoutCalc() : outer_(g_running) { g_running = this; }
+PayoutCalc::PayoutCalc() : outer_(g_running) {
+    g_running = this;
+}
 
-PayoutCalc::~PayoutCalc() { g_running = outer_; }
+PayoutCalc::~PayoutCalc() {
+    g_running = outer_;
+}
 
-const PayoutCalc* RunningPayoutCalc() { return g_running; }
+const PayoutCalc* RunningPayoutCalc() {
+    return g_running;
+}
 
 void CalcPayouts() {
     PayoutCalc calc;
@@ -140,7 +148,8 @@ const std::vector<std::int32_t>& PayoutCalc::Slots(int race, int type) {
     if (!slotsBuilt_[r]) {
         for (std::int64_t i = 1; i <= RF.MaxBets; ++i) {
             std::int16_t t = RF.Bet(race, i).BetType;
-            if (t >= 1 && t <= 11) slots_[r][static_cast<std::size_t>(t)].push_back(static_cast<std::int32_t>(i));
+            if (t >= 1 && t <= 11)
+                slots_[r][static_cast<std::size_t>(t)].push_back(static_cast<std::int32_t>(i));
         }
         slotsBuilt_[r] = true;
     }
@@ -177,9 +186,12 @@ void PayoutCalc::CalcPayouts() {
         for (int t = 1; t <= 5; ++t) {
             CurBetType = t;
             if (!rc.BetType(t)) continue;
-            if (t == 1) DivideWinPool();
-            else if (t <= 3) DividePlaceOrShowPool(t);
-            else CalcExotic(t);
+            if (t == 1)
+                DivideWinPool();
+            else if (t <= 3)
+                DividePlaceOrShowPool(t);
+            else
+                CalcExotic(t);
         }
         for (int k = std::max(CurRace.Value() - 5, 1); k <= CurRace; ++k) {
             for (int t = 6; t <= 10; ++t) {
@@ -189,7 +201,8 @@ void PayoutCalc::CalcPayouts() {
                     if (k + t - 5 <= kMaxRace) CalcMultiRace(k, t);
                 } else {
                     // The stake is read from the same slot of the race being calculated.
-                    for (std::int32_t i : Slots(k, t)) RF.Bet(k, i).BetWinnings = RF.Bet(CurRace, i).BetCost;
+                    for (std::int32_t i : Slots(k, t))
+                        RF.Bet(k, i).BetWinnings = RF.Bet(CurRace, i).BetCost;
                 }
             }
         }
@@ -246,7 +259,9 @@ void PayoutCalc::AddToSingleRacePools(std::int64_t i) {
         switch (type) {
             case 1:
             case 2:
-            case 3: b.BetWinnings = b.BetCost; break;
+            case 3:
+                b.BetWinnings = b.BetCost;
+                break;
             case 4:
             case 5:
                 if (!rc.BetType(type)) break;
@@ -269,7 +284,8 @@ void PayoutCalc::AddToSingleRacePools(std::int64_t i) {
                     b.ShowPart = b.BetAmt;
                 }
                 break;
-            default: break;  // multi-race bets are refunded with their group
+            default:
+                break;  // multi-race bets are refunded with their group
         }
     }
 
@@ -318,12 +334,15 @@ void PayoutCalc::DivideWinPool() {
 
     PayoutRec& row = RF.Payout(CurRace, 1, 1);
     const Currency pool = row.PoolAmt;
-    const Currency pct = Currency::FromDouble(pool.ToDouble() * static_cast<double>(rc.HoldbackPct) / 100);
+    const Currency pct =
+        Currency::FromDouble(pool.ToDouble() * static_cast<double>(rc.HoldbackPct) / 100);
     const Currency net = pool - rc.HoldbackAmt - pct;
     const Currency w = row.WinningAmt;
 
-    if (w.IsZero()) AskHandling(1);
-    else ChosenHandling = "Most";
+    if (w.IsZero())
+        AskHandling(1);
+    else
+        ChosenHandling = "Most";
 
     if (ChosenHandling == "NoPay") {
         RF.Payout(CurRace, 1, 1).PayRatio = kNoPay;
@@ -379,8 +398,10 @@ void PayoutCalc::DividePlaceOrShowPool(int type) {
         }
     }
 
-    if (ways == 0) AskHandling(type);
-    else ChosenHandling = "Most";
+    if (ways == 0)
+        AskHandling(type);
+    else
+        ChosenHandling = "Most";
 
     auto side = [type](BetRec& b) -> Currency& { return type == 2 ? b.PlacePart : b.ShowPart; };
     auto store = [&] {

@@ -1,8 +1,8 @@
 // Display Payouts: the finishers, both grids as the window shows them, a race without results,
 // Auto Run and Record Results.
 
-#include "payouts/display_payouts_logic.h"
 #include "payout_card.h"
+#include "payouts/display_payouts_logic.h"
 
 namespace tt::test {
 namespace {

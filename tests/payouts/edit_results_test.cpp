@@ -1,14 +1,14 @@
 // Edit Results: the lists, every check of OK in its order with its exact text, the race change
 // and closing questions, and the calculation that follows a saved result.
 
-#include "payouts/edit_results_logic.h"
 #include "payout_card.h"
+#include "payouts/edit_results_logic.h"
 
 namespace tt::test {
 namespace {
 
 class EditResults : public PayoutCard {
-protected:
+  protected:
     void SetUp() override {
         PayoutCard::SetUp();
         // Slots 1 and 2 are the field 1 and 1A; slot 5 is scratched.
@@ -40,8 +40,9 @@ TEST_F(EditResults, ListsFollowTheRacerSortAndLeaveOutScratchedRacers) {
     const auto& items = form.comRacerName[3].list.Items();
     std::vector<std::string> texts;
     for (const auto& i : items) texts.push_back(i.text);
-    EXPECT_EQ(texts, (std::vector<std::string>{"     Not Available", "   1 - Racer1-1", "   1 - Racer1-2",
-                                               "   2 - Racer1-3", "   3 - Racer1-4"}));
+    EXPECT_EQ(texts,
+              (std::vector<std::string>{"     Not Available", "   1 - Racer1-1", "   1 - Racer1-2",
+                                        "   2 - Racer1-3", "   3 - Racer1-4"}));
 
     RF.Race(1).Result(1) = 5, RF.Race(1).Result(2) = 3;
     RF.RacerSort = "Name";
@@ -84,8 +85,9 @@ TEST_F(EditResults, ChecksInOrderWithTheirTexts) {
     world.messages.Answer(kCancel);
     form.cmdOK_Click();
     ASSERT_EQ(world.messages.shown.size(), 1u);
-    EXPECT_EQ(world.messages.shown[0].text,
-              "Bets have already been distributed!\n\rAre you sure you want to change the results?");
+    EXPECT_EQ(
+        world.messages.shown[0].text,
+        "Bets have already been distributed!\n\rAre you sure you want to change the results?");
     EXPECT_EQ(world.messages.shown[0].buttons, Buttons::kOKCancel);
     EXPECT_EQ(world.messages.shown[0].icon, Icon::kExclamation);
     EXPECT_TRUE(bool(G.CancelFlag));
@@ -103,20 +105,24 @@ TEST_F(EditResults, ChecksInOrderWithTheirTexts) {
     EXPECT_EQ(form.comRacerName[1].backColor, kColorWhite);
 
     // The field finishing first and second gives no second bet number.
-    const std::string tail = "\n\ror those bets disallowed in the Race Card.\n\r"
-                             "(Remember that a bet number will only be used for one position.)";
+    const std::string tail =
+        "\n\ror those bets disallowed in the Race Card.\n\r"
+        "(Remember that a bet number will only be used for one position.)";
     Choose(2, 2), Choose(5, 0);
     EXPECT_EQ(form.comRacerName[2].backColor, kColorWhite);
     world.messages.Clear();
     form.cmdOK_Click();
-    EXPECT_EQ(world.messages.Texts()[1],
-              "Place, Show, Exacta, and/or Trifecta bets allowed.\n\r2nd place finisher must be entered" + tail);
+    EXPECT_EQ(
+        world.messages.Texts()[1],
+        "Place, Show, Exacta, and/or Trifecta bets allowed.\n\r2nd place finisher must be entered" +
+            tail);
     EXPECT_EQ(world.messages.shown[1].icon, Icon::kExclamation);
 
     Choose(3, 3);
     world.messages.Clear();
     form.cmdOK_Click();
-    EXPECT_EQ(world.messages.Texts()[1], "Show and/or Trifecta bets allowed.\n\r3rd place finisher must be entered" + tail);
+    EXPECT_EQ(world.messages.Texts()[1],
+              "Show and/or Trifecta bets allowed.\n\r3rd place finisher must be entered" + tail);
     EXPECT_EQ(Stored(), "00000");
 
     // A third number comes from the fourth position: saved, settled and shown.
@@ -138,8 +144,10 @@ TEST_F(EditResults, EmptyWinnerQuestionAndClearedResult) {
     Choose(1, 0);
     world.messages.Answer(kCancel);
     form.cmdOK_Click();
-    EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Winning Horse not entered!\n\rAll other positions will be set to 'Not Available'"});
+    EXPECT_EQ(
+        world.messages.Texts(),
+        std::vector<std::string>{
+            "Winning Horse not entered!\n\rAll other positions will be set to 'Not Available'"});
     EXPECT_EQ(world.messages.shown[0].buttons, Buttons::kOKCancel);
     EXPECT_EQ(Stored(), "13400");
 
@@ -166,7 +174,9 @@ TEST_F(EditResults, RaceChangeAndClosingQuestions) {
     form.comRaceName.SetListIndex(1);
     world.messages.Answer(kCancel);
     form.comRaceName_Click();
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"You will lose the changes made to current race!\n\rContinue?"});
+    EXPECT_EQ(
+        world.messages.Texts(),
+        std::vector<std::string>{"You will lose the changes made to current race!\n\rContinue?"});
     EXPECT_EQ(form.comRaceName.SelectedData(), 1);
     EXPECT_EQ(form.comRacerName[1].list.SelectedData(), 3);
     EXPECT_FALSE(bool(G.CancelFlag));

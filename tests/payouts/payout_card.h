@@ -16,12 +16,16 @@
 #include "support/fakes.h"
 
 namespace tt {
-inline void PrintTo(const Currency& c, std::ostream* os) { *os << c.Raw() / 10000.0; }
+inline void PrintTo(const Currency& c, std::ostream* os) {
+    *os << c.Raw() / 10000.0;
+}
 }  // namespace tt
 
 namespace tt::test {
 
-inline Currency C(double v) { return Currency::FromDouble(v); }
+inline Currency C(double v) {
+    return Currency::FromDouble(v);
+}
 
 class PayoutCard : public ::testing::Test {
 protected:
@@ -32,7 +36,8 @@ protected:
         world.shell.onShow["frmPayoutHandling"] = [this] {
             PayoutHandlingLogic dlg;
             dlg.Form_Load();
-            asked.push_back(dlg.lblBetType.text + (dlg.optMost.enabled ? " most " : " ") + dlg.Selected());
+            asked.push_back(dlg.lblBetType.text + (dlg.optMost.enabled ? " most " : " ") +
+                            dlg.Selected());
             if (!answers.empty()) {
                 dlg.Choose(answers.front());
                 answers.pop_front();
@@ -63,7 +68,8 @@ protected:
     }
 
     // A bet in the next free slot of the race; its cost follows from the type and the box.
-    std::int64_t Bet(int race, int type, double amt, std::initializer_list<int> picks, bool boxed = false) {
+    std::int64_t Bet(int race, int type, double amt, std::initializer_list<int> picks,
+                     bool boxed = false) {
         std::int64_t slot = ++RF.Race(race).BetCount;
         if (slot > RF.MaxBets) {
             RF.MaxBets = static_cast<std::int32_t>(slot);
@@ -83,6 +89,18 @@ protected:
         return slot;
     }
     BetRec& B(int race, std::int64_t slot) { return RF.Bet(race, slot); }
+    // BetWinnings of bets 1, 2, ... of a race.
+    std::vector<Currency> Won(int race) {
+        std::vector<Currency> v;
+        for (std::int64_t i = 1; i <= RF.Race(race).BetCount; ++i)
+            v.push_back(RF.Bet(race, i).BetWinnings);
+        return v;
+    }
+    static std::vector<Currency> Cs(std::initializer_list<double> amounts) {
+        std::vector<Currency> v;
+        for (double a : amounts) v.push_back(C(a));
+        return v;
+    }
 
     // Stores a result (racer slots) and settles the race.
     void Settle(int race, std::initializer_list<int> slots) {
