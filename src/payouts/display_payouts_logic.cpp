@@ -1,9 +1,11 @@
 #include "payouts/display_payouts_logic.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
 #include "model/common.h"
+#include "model/number_text.h"
 #include "model/ports.h"
 #include "model/race_file.h"
 #include "payouts/settlement.h"
@@ -40,9 +42,49 @@ void DisplayPayoutsLogic::Form_Load() {
     DisplayPayouts();
 }
 
+namespace {
+std::uint64_t g_calculatedDisplays = 0;
+int g_lastCalculatedRace = 0;
+
+// A kept placement value; missing or not a number gives the fallback.
+double PlacementSetting(const char* key, double fallback) {
+    auto v = Settings().Get(key);
+    if (!v) return fallback;
+    auto f = ParseDoubleField(*v);
+    if (v->empty() || !f || !std::isfinite(*f)) return fallback;
+    return *f;
+}
+}  // namespace
+
 void DisplayPayoutsLogic::ShowCalculatedRace(int race) {
+    ++g_calculatedDisplays;
+    g_lastCalculatedRace = race;
     G.CurrentRace = race;
     Form_Load();
+}
+
+std::uint64_t DisplayPayoutsLogic::CalculatedDisplays() {
+    return g_calculatedDisplays;
+}
+
+int DisplayPayoutsLogic::LastCalculatedRace() {
+    return g_lastCalculatedRace;
+}
+
+DisplayPayoutsLogic::Placement DisplayPayoutsLogic::RestorePlacement() {
+    Placement p;
+    p.left = PlacementSetting("PayLeft", p.left);
+    p.top = PlacementSetting("PayTop", p.top);
+    p.width = std::max(0.0, PlacementSetting("PayWidth", 0));
+    p.height = std::max(0.0, PlacementSetting("PayHeight", 0));
+    return p;
+}
+
+void DisplayPayoutsLogic::SavePlacement(const Placement& p) {
+    Settings().Set("PayLeft", NumText(p.left));
+    Settings().Set("PayTop", NumText(p.top));
+    Settings().Set("PayWidth", NumText(p.width));
+    Settings().Set("PayHeight", NumText(p.height));
 }
 
 void DisplayPayoutsLogic::SelectRace(int race) {

@@ -2,6 +2,7 @@
 // "Display Payouts": the finishers of a race and what its pools paid for a $2.00 bet, shown to
 // the room; Auto Run turns to the next finished race on each tick.
 
+#include <cstdint>
 #include <string>
 
 #include "model/checked_int.h"
@@ -32,6 +33,21 @@ public:
     // The display that the payout calculation runs: the race being calculated, as if the
     // window had just been opened on it.
     void ShowCalculatedRace(int race);
+
+    // How many displays payout calculations have run, and the race of the last: an open payout
+    // window brought to the front shows that race as the calculation left it.
+    static std::uint64_t CalculatedDisplays();
+    static int LastCalculatedRace();
+
+    // The window's place in twips, kept in "PayLeft", "PayTop", "PayWidth", "PayHeight". Left
+    // and top default to 1000; a width or height of 0 means none is kept, and the window keeps
+    // the size of its design. A value that is not a number counts as missing.
+    struct Placement {
+        double left = 1000, top = 1000, width = 0, height = 0;
+    };
+    static Placement RestorePlacement();
+    // Written when the window closes, unless it is minimised or maximised.
+    static void SavePlacement(const Placement& p);
 
     // The text a grid cell shows for a payout ratio: "Payback", "No Pay", or the return on a
     // $2.00 bet rounded down by the race's code.

@@ -218,6 +218,7 @@ void EditResultsLogic::cmdOK_Click() {
     G.CancelFlag = false;
     G.FileChanged = true;
     Unload();
+    if (onHide) onHide();
 
     CalcPayouts();
     if (RF.Race(G.CurrentRace).Result(1) != 0) Shell().ShowForm("frmDisplayPayouts", false);

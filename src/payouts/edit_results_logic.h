@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "model/form_state.h"
@@ -38,6 +39,8 @@ public:
     ControlState cmdClear, cmdOK, cmdCancel, cmdHelp;
     ControlState lblClear;
     bool ResultsChanged = false;
+    // Called where saving hides the window, before the payouts are worked out and shown.
+    std::function<void()> onHide;
 
 private:
     // Selects a race in comRaceName; the list's Click follows when the selection moves.
