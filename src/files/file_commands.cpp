@@ -102,6 +102,13 @@ void ReportUnexpected(const std::exception& e) {
     if (err.Number() != kErrCancel) ShowUnexpectedError(err);
 }
 
+// Open and the recent files write the file once more after a Yes to the save question, so
+// that the backup then holds the same text as the file. A new card whose Save As dialog was
+// cancelled has no name to write to, and is not written a second time.
+void WriteAgainAfterYes() {
+    if (!G.FilePath.empty()) WriteRaceFile();
+}
+
 }  // namespace
 
 void mnuFileNew_Click() {
@@ -126,7 +133,7 @@ void mnuFileOpen_Click() {
         if (G.CancelFlag) return;
         Shell().ShowLogo();
         int answer = SaveFileChanges(bool(G.FileChanged));
-        if (answer == kYes) WriteRaceFile();
+        if (answer == kYes) WriteAgainAfterYes();
         if (answer == kCancel) return;
         ClearRaceFile();
         DisableFileCommands();
@@ -148,8 +155,10 @@ void mnuFileOpen_Click() {
 
 void mnuFileClose_Click() {
     try {
+        // A child window that refuses to close keeps the document as it is.
         Shell().CloseChildWindows();
         Shell().ShowLogo();
+        if (G.CancelFlag) return;
         if (SaveFileChanges(bool(G.FileChanged)) != kCancel) {
             G.FilePath.clear();
             G.FileChanged = false;
@@ -211,7 +220,7 @@ void mnuFileMRU_Click(int index) {
         if (G.CancelFlag) return;
         Shell().ShowLogo();
         int answer = SaveFileChanges(bool(G.FileChanged));
-        if (answer == kYes) WriteRaceFile();
+        if (answer == kYes) WriteAgainAfterYes();
         if (answer == kCancel) return;
         ClearRaceFile();
         DisableFileCommands();
