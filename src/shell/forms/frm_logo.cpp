@@ -76,11 +76,12 @@ void frmLogo::EnableGroups(bool fileOpen, bool raceExists) {
     auto set = [](QPushButton* b, bool on, const char* form) { b->setEnabled(on && IsFormRegistered(form)); };
     set(cmdRaceCard, fileOpen, "frmRaceCard");
     set(cmdEditBettors, fileOpen, "frmSelectBettor");
-    set(cmdBettingWindow, fileOpen && raceExists, "frmTransaction");
-    set(cmdListBets, fileOpen && raceExists, "frmListBets");
-    set(cmdDisplayOdds, fileOpen && raceExists, "frmDisplayOdds");
-    set(cmdEnterResults, fileOpen && raceExists, "frmEditResults");
-    set(cmdDisplayPayouts, fileOpen && raceExists, "frmDisplayPayouts");
+    // The race buttons follow the race commands alone, as the menu entries do.
+    set(cmdBettingWindow, raceExists, "frmTransaction");
+    set(cmdListBets, raceExists, "frmListBets");
+    set(cmdDisplayOdds, raceExists, "frmDisplayOdds");
+    set(cmdEnterResults, raceExists, "frmEditResults");
+    set(cmdDisplayPayouts, raceExists, "frmDisplayPayouts");
 }
 
 void frmLogo::Place() {

@@ -22,6 +22,7 @@
 #include "shell/forms/frm_logo.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
+#include "shell/help_ids.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"
 
@@ -79,6 +80,12 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     BuildToolBar();
     BuildStatusBar();
     UpdateEnabled();
+    InstallHelpKey();
+}
+
+QMenu* frmMain::createPopupMenu() {
+    // The bars are shown and hidden by the View menu only, so that its check marks stay true.
+    return nullptr;
 }
 
 frmMain::~frmMain() = default;
@@ -139,15 +146,17 @@ void frmMain::BuildMenus() {
 
     QMenu* view = menuBar()->addMenu("&View");
     view->setObjectName("mnuView");
+    // Each toggle shows its bar when hidden and hides it when shown, and its check mark follows.
+    // The bars' own state decides, not the window's: the toggles work before it is on screen.
     QAction* tb = AddAction(view, "mnuViewToolbar", "&Toolbar", [this] {
-        toolBar_->setVisible(!toolBar_->isVisible());
-        actions_["mnuViewToolbar"]->setChecked(toolBar_->isVisible());
+        toolBar_->setHidden(!toolBar_->isHidden());
+        actions_["mnuViewToolbar"]->setChecked(!toolBar_->isHidden());
     });
     tb->setCheckable(true);
     tb->setChecked(true);
     QAction* sb = AddAction(view, "mnuViewStatusBar", "Status &Bar", [this] {
-        statusBar()->setVisible(!statusBar()->isVisible());
-        actions_["mnuViewStatusBar"]->setChecked(statusBar()->isVisible());
+        statusBar()->setHidden(!statusBar()->isHidden());
+        actions_["mnuViewStatusBar"]->setChecked(!statusBar()->isHidden());
     });
     sb->setCheckable(true);
     sb->setChecked(true);
@@ -387,19 +396,23 @@ void frmMain::EnableRaceGroup(bool on) {
 void frmMain::CloseChildWindows() {
     G.CancelFlag = false;
     for (;;) {
+        // The active child first, then the others from the top down; a closed one is gone at
+        // once, so that the launch pad brought back afterwards is a new one.
         QMdiSubWindow* active = mdi_->activeSubWindow();
-        if (!active) {
-            QList<QMdiSubWindow*> all = mdi_->subWindowList();
-            if (all.isEmpty()) break;
-            active = all.last();
+        if (!active || !active->isVisible()) {
+            active = nullptr;
+            for (QMdiSubWindow* w : mdi_->subWindowList(QMdiArea::StackingOrder))
+                if (w->isVisible()) active = w;
         }
-        active->setAttribute(Qt::WA_DeleteOnClose);
+        if (!active) break;
         QPointer<QMdiSubWindow> guard(active);
+        active->setAttribute(Qt::WA_DeleteOnClose);
         if (!active->close() || (guard && guard->isVisible())) {
             // The child refused in its closing question.
             G.CancelFlag = true;
             break;
         }
+        delete guard.data();
         if (G.CancelFlag) break;
     }
 }
@@ -410,6 +423,8 @@ frmLogo* frmMain::Logo() {
     QMdiSubWindow* sub = mdi_->addSubWindow(logo, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowMinimizeButtonHint);
     sub->setAttribute(Qt::WA_DeleteOnClose);
     sub->setWindowTitle("Tamberlin Tally");
+    // Help on the launch pad is the walk through a race day that its buttons follow.
+    logo->setProperty("HelpContextID", help::kOverview);
     logo->EnableGroups(fileGroup_, raceGroup_);
     return logo;
 }
@@ -436,9 +451,9 @@ void frmMain::ShowForm(const std::string& name, bool modal) {
     }
     QWidget* form = MakeForm(name, this);
     if (!form) {
-        Beep();
-        MsgBox("This window is not available in this version of Tamberlin Tally.", Buttons::kOK,
-               Icon::kInformation);
+        // Only New reaches a window that this build does not have: every command that opens one
+        // stays disabled until the window is registered.
+        qWarning("Tamberlin Tally: no window %s in this build", name.c_str());
         return;
     }
     if (auto* dialog = qobject_cast<QDialog*>(form); dialog && modal) {

@@ -58,6 +58,8 @@ public:
     // vertically, 3 arrange icons.
     void Arrange(int mode);
 
+    QMenu* createPopupMenu() override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
