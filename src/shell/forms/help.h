@@ -7,15 +7,25 @@ class QWidget;
 
 namespace tt::gui {
 
-// The help file the windows name; empty when the program has no help.
+class HelpViewer;
+
+// The help the windows name, "Tlyhelp"; empty when the program has no help.
 const std::string& AppHelpFile();
 
-// The topic of the active child window (its help context), or the contents when none is
-// active. `contextId` is used when the window has no context of its own.
+// Window Help: the topic of the active child window (its help context, or `contextId` when
+// that is not 0), or the contents when no child window is active.
 void DisplayHelp(QWidget* mainWindow, int contextId);
+// Help Contents and Search For Help On: the same steps, the one showing the contents and the
+// other the search when no child window is active.
 void HelpContents(QWidget* mainWindow);
 void HelpSearch(QWidget* mainWindow);
 // A window's Help button: the topic with this context.
 void DisplayContextHelp(const std::string& helpFile, int contextId, const std::string& title);
+
+// F1 anywhere shows the topic of the window that has the focus.
+void InstallHelpKey();
+
+// The viewer on screen, or nullptr.
+HelpViewer* CurrentHelpViewer();
 
 }  // namespace tt::gui
