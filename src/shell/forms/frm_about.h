@@ -1,0 +1,31 @@
+#pragma once
+// The About box: the program's name, the version of the build, and the system information.
+
+#include <QDialog>
+#include <string>
+
+class QLabel;
+class QPushButton;
+
+namespace tt::gui {
+
+class frmAbout : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit frmAbout(QWidget* parent = nullptr);
+    // Shows the operating system, the Qt version, and where the settings and the recovery
+    // file live.
+    void cmdSysInfo_Click();
+
+    QLabel* lblTitle;
+    QLabel* lblVersion;
+    QLabel* lblDescription;
+    QPushButton* cmdOK;
+    QPushButton* cmdSysInfo;
+};
+
+// The lines of the system information.
+std::string SystemInfoText();
+
+}  // namespace tt::gui
