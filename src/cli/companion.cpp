@@ -17,6 +17,7 @@
 #include "payouts/edit_results_logic.h"
 #include "payouts/payout_handling_logic.h"
 #include "payouts/settlement.h"
+#include "shell/error_path.h"
 #include "shell/qt_settings.h"
 
 namespace tt::cli {
@@ -128,6 +129,8 @@ int RaceOption(Context& c) {
     return race;
 }
 
+int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers, const std::string& path);
+
 int Settle(Context& c) {
     const QStringList files = c.parser.positionalArguments();
     if (files.size() != 2 || !c.parser.isSet("race")) return -1;
@@ -163,6 +166,17 @@ int Settle(Context& c) {
         dialog.cmdOK_Click();
     };
 
+    // A failure in the middle, such as an overflow, shows the unexpected-error box and saves
+    // nothing.
+    try {
+        return SettleRace(c, race, finishers, path);
+    } catch (const std::exception& e) {
+        ShowUnexpectedError(ToAppError(e));
+        return 1;
+    }
+}
+
+int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers, const std::string& path) {
     G.CurrentRace = race;
     bool calculated = false;
     if (!finishers.empty()) {
@@ -203,7 +217,12 @@ int Payouts(Context& c) {
     if (race == 0) return 1;
     G.CurrentRace = race;
     DisplayPayoutsLogic display;
-    display.Form_Load();
+    try {
+        display.Form_Load();
+    } catch (const std::exception& e) {
+        ShowUnexpectedError(ToAppError(e));
+        return 1;
+    }
     for (int k = 1; k <= 5; ++k) c.out << display.txtRacerName(k).text << "\n";
     PrintGrid(c.out, display.flxWPS);
     PrintGrid(c.out, display.flxPayouts);
