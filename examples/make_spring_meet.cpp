@@ -6,8 +6,13 @@
 // writes the file. Each window's logic is driven through its events, as the user's keys and
 // clicks drive it, and the file comes from the program's own writer with a fixed clock.
 //
-// To add more to the card (bets, results), add a step between AddBettors and SaveCard that
-// opens the window concerned through its command and scripts it in `shell.onShow`.
+// Then the first three races take bets, written straight into the bet and ticket records as
+// the betting window would leave them, paid in at the window. Races 1 and 2 are run: their
+// results go in through "Edit Results", whose OK works out the payouts, so a new user finds
+// two settled races and one still open.
+//
+// To add more to the card, add a step before SaveCard that opens the window concerned
+// through its command and scripts it in `shell.onShow`.
 
 #include <array>
 #include <cstdio>
@@ -21,6 +26,9 @@
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
+#include "payouts/display_payouts_logic.h"
+#include "payouts/edit_results_logic.h"
+#include "payouts/payout_handling_logic.h"
 #include "racecard/edit_bettor_logic.h"
 #include "racecard/edit_racer_logic.h"
 #include "racecard/race_card_logic.h"
@@ -324,6 +332,138 @@ void AddBettors(ScriptShell& shell) {
     mnuEditSetupBettors_Click();
 }
 
+// ---- Bets and results ---------------------------------------------------------------------
+
+struct BetDef {
+    int type;
+    double amt;
+    std::vector<int> picks;  // bet numbers; a multi-race bet's legs from its first race
+    bool boxed = false;
+};
+
+struct TicketDef {
+    const char* bettor;
+    int race;
+    std::vector<BetDef> bets;
+};
+
+constexpr int kWin = 1, kPlace = 2, kShow = 3, kExacta = 4, kTrifecta = 5, kDouble = 6, kPick3 = 7,
+              kAcross = 11;
+
+const std::vector<TicketDef> kTickets = {
+    {"Alice Hartley", 1, {{kWin, 5, {2}}, {kAcross, 2, {1}}}},
+    {"Bob Fenwick", 1, {{kExacta, 2, {2, 1}}, {kWin, 2, {4}}}},
+    {"Carmen Ortiz", 1, {{kWin, 10, {4}}, {kShow, 5, {4}}}},
+    {"Dev Patel", 1, {{kPlace, 10, {2}}, {kExacta, 1, {1, 2, 5}, true}}},
+    {"Edith Crane", 1, {{kShow, 3, {5}}, {kShow, 2, {6}}}},
+    {"Frank Moreau", 1, {{kDouble, 2, {2, 1}}, {kDouble, 2, {1, 1}}}},
+    {"Grace Liu", 1, {{kExacta, 5, {1, 2}}, {kExacta, 2, {2, 5}, true}}},
+    {"Hank Dobbs", 1, {{kWin, 4, {1}}, {kPlace, 4, {1}}}},
+    {"Irene Walsh", 1, {{kAcross, 2, {6}}, {kWin, 2, {3}}}},
+    {"Jamal Brooks", 1, {{kDouble, 5, {3, 2}}, {kWin, 2, {2}}}},
+    {"Leo Santos", 1, {{kPlace, 2, {5}}, {kShow, 2, {2}}}},
+    {"Kate O'Neill", 2, {{kWin, 5, {1}}, {kPlace, 3, {2}}}},
+    {"Leo Santos", 2, {{kExacta, 2, {1, 2}}, {kShow, 2, {5}}, {kAcross, 2, {3}}}},
+    {"Alice Hartley", 2, {{kWin, 2, {2}}, {kExacta, 1, {1, 2, 3}, true}}},
+    {"Carmen Ortiz", 2, {{kWin, 5, {6}}, {kPlace, 5, {6}}}},
+    {"Grace Liu", 2, {{kExacta, 3, {2, 1}}, {kExacta, 2, {1, 5}, true}}},
+    {"Bob Fenwick", 2, {{kShow, 4, {1}}, {kPlace, 2, {1}}}},
+    {"Jamal Brooks", 2, {{kWin, 10, {1}}, {kShow, 2, {2}}}},
+    {"Dev Patel", 3, {{kWin, 5, {7}}, {kTrifecta, 2, {2, 7, 1}}}},
+    {"Hank Dobbs", 3, {{kPick3, 2, {2, 1, 5}}, {kExacta, 2, {2, 7}, true}}},
+    {"Irene Walsh", 3, {{kAcross, 2, {2}}, {kTrifecta, 1, {1, 2, 7}, true}}},
+    {"Edith Crane", 3, {{kPlace, 5, {4}}, {kShow, 5, {3}}}},
+    {"Kate O'Neill", 3, {{kWin, 3, {1}}, {kExacta, 3, {7, 2}}}},
+    {"Frank Moreau", 3, {{kPick3, 2, {7, 1, 1}}, {kWin, 2, {8}}}},
+};
+
+// The finishers of the races that have been run, as racer slots of the card.
+const std::vector<std::pair<int, std::vector<int>>> kResults = {
+    {1, {2, 1, 5, 6, 0}},  // Copper Kettle, Dandelion Dancer, April Fool, Clover Hill
+    {2, {1, 3, 6, 4, 0}},  // Thistledown, Rusty Spur, Harbor Light, Paper Moon
+};
+
+// The tickets and their bets as a finished transaction leaves them: each ticket numbered by
+// its slot, its bets in consecutive slots of its race, and its cost paid in.
+bool AddBets() {
+    for (const TicketDef& def : kTickets) {
+        std::int16_t bettor = 0;
+        for (std::int64_t b = 1; b <= RF.BettorCount; ++b)
+            if (RF.Bettor(b).BettorName == def.bettor) bettor = static_cast<std::int16_t>(b);
+        if (bettor == 0) {
+            std::fprintf(stderr, "make-spring-meet: no bettor %s\n", def.bettor);
+            return false;
+        }
+        const std::int64_t t = RF.TicketCount + 1;
+        RF.Ticket.ReDimPreserve(t + 1);
+        RF.TicketCount = static_cast<std::int32_t>(t);
+        TicketRec& ticket = RF.Ticket(t);
+        ticket.TicketNbr = static_cast<std::int32_t>(t);
+        ticket.TicketRace = def.race;
+        ticket.TicketBettor = bettor;
+        RaceRec& race = RF.Race(def.race);
+        ticket.FirstBet = race.BetCount + 1;
+        for (const BetDef& b : def.bets) {
+            const std::int64_t slot = race.BetCount + 1;
+            race.BetCount = static_cast<std::int32_t>(slot);
+            if (slot > RF.MaxBets) {
+                RF.Bet.ReDimPreserve(slot + 1);
+                RF.MaxBets = static_cast<std::int32_t>(slot);
+            }
+            BetRec& bet = RF.Bet(def.race, slot);
+            bet.BetType = b.type;
+            bet.BetAmt = Currency::FromDouble(b.amt);
+            bet.Boxed = b.boxed;
+            int j = 0;
+            for (int pick : b.picks) bet.Pick(++j) = pick;
+            const std::int64_t n = j;
+            std::int64_t combos = b.type == kAcross ? 3 : 1;
+            if (b.boxed) combos = b.type == kExacta ? n * (n - 1) : n * (n - 1) * (n - 2);
+            bet.BetCost = bet.BetAmt * combos;
+            bet.TicketIdx = static_cast<std::int32_t>(t);
+            ticket.TicketCost += bet.BetCost;
+        }
+        ticket.LastBet = race.BetCount;
+        ticket.Collected = ticket.TicketCost;
+    }
+    G.FileChanged = true;
+    return true;
+}
+
+// Record Race Results for each race that has been run, as the host chooses the finishers in
+// "Edit Results" and presses OK. A pool without winners keeps what Payout Handling offers.
+void RecordResults(ScriptShell& shell) {
+    const std::vector<int>* finish = nullptr;
+    int race = 0;
+    shell.onShow["frmEditResults"] = [&] {
+        EditResultsLogic form;
+        form.Form_Load();
+        SelectByItemData(form.comRaceName, race);
+        form.comRaceName_Click();
+        for (int k = 1; k <= 5; ++k) {
+            auto& list = form.comRacerName[static_cast<std::size_t>(k)].list;
+            SelectByItemData(list, (*finish)[static_cast<std::size_t>(k) - 1]);
+            form.comRacerName_Click(k);
+        }
+        form.cmdOK_Click();
+        if (!form.unloaded) shell.failed = true;
+    };
+    shell.onShow["frmPayoutHandling"] = [] {
+        PayoutHandlingLogic dialog;
+        dialog.Form_Load();
+        dialog.cmdOK_Click();
+    };
+    shell.onShow["frmDisplayPayouts"] = [] {
+        DisplayPayoutsLogic display;
+        display.Form_Load();
+    };
+    for (const auto& [r, order] : kResults) {
+        race = r;
+        finish = &order;
+        mnuEditResults_Click();
+    }
+}
+
 void SaveCard(SaveDialog& dialog, const std::string& name) {
     dialog.name = name;
     mnuFileSaveAs_Click();
@@ -362,6 +502,8 @@ int main(int argc, char** argv) {
     };
     mnuFileNew_Click();
     AddBettors(shell);
+    if (!AddBets()) return 1;
+    RecordResults(shell);
     const std::string name = "spring-meet.tly";
     SaveCard(dialog, name);
 

@@ -310,5 +310,19 @@ TEST_F(Settle, SameFileAsTheResultsWindow) {
     }
 }
 
+TEST_F(Settle, ExampleCardHoldsTwoRacesSettledAsTheWindowSettlesThem) {
+    const std::string example = std::string(TALLY_SOURCE_DIR) + "/examples/spring-meet.tly";
+    for (const char* race : {"1", "2"}) {
+        SCOPED_TRACE(race);
+        TallyRun r = Tally({"settle", example, "--race", race, "-o", out});
+        ASSERT_EQ(r.rc, 0) << r.err;
+        EXPECT_EQ(WithoutHeader(ReadFile(out)), WithoutHeader(ReadFile(example)));
+    }
+    const std::string shown = Payouts(1);
+    EXPECT_EQ(shown.substr(0, shown.find("Bet #")),
+              "2 - Copper Kettle\n1 - Dandelion Dancer\n5 - April Fool\n6 - Clover Hill\n - \n");
+    EXPECT_NE(Payouts(2).find("\nDaily Double - 2, 1\t"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace tt::cli
