@@ -52,7 +52,7 @@ QIcon ToolIcon(const std::string& key, QStyle* style) {
     if (key == "New") return style->standardIcon(QStyle::SP_FileIcon);
     if (key == "Open") return style->standardIcon(QStyle::SP_DialogOpenButton);
     if (key == "Save") return style->standardIcon(QStyle::SP_DialogSaveButton);
-    if (key == "Help") return style->standardIcon(QStyle::SP_DialogHelpButton);
+    if (key == "Help") return GlyphIcon("?", QColor(40, 90, 160));
     if (key == "MRU") return GlyphIcon("↺", QColor(90, 110, 140));
     if (key == "Print") return GlyphIcon("Pr", QColor(90, 90, 90));
     if (key == "Cascade") return GlyphIcon("❐", QColor(110, 110, 150));

@@ -94,9 +94,9 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
     split->addWidget(tabs_);
     split->addWidget(browser_);
     split->setStretchFactor(1, 1);
-    split->setSizes({Twips(3600), Twips(8400)});
+    split->setSizes({Twips(4500), Twips(8700)});
     layout->addWidget(split);
-    resize(Twips(12600), Twips(9000));
+    resize(Twips(13200), Twips(9000));
 
     back_->setEnabled(false);
     forward_->setEnabled(false);
