@@ -19,7 +19,8 @@ void CopyRacersLogic::Form_Load() {
     // The races of the document: a race named in this session and not yet saved is absent.
     comRaceName.Clear();
     for (int i = 1; i <= kMaxRace; ++i)
-        if (RaceExists(i)) comRaceName.AddItem(PadNumber(Str(i), 5) + " - " + RF.Race(i).RaceName, i);
+        if (RaceExists(i))
+            comRaceName.AddItem(PadNumber(Str(i), 5) + " - " + RF.Race(i).RaceName, i);
     if (comRaceName.ListCount() > 0) comRaceName.SetListIndex(0);
     SelectByItemData(comRaceName, G.CurrentRace);
     G.CancelFlag = true;

@@ -10,7 +10,7 @@ namespace tt {
 class RaceCardLogic;
 
 class CopyRacersLogic : public FormState {
-public:
+  public:
     explicit CopyRacersLogic(RaceCardLogic& card);
 
     void Form_Load();
@@ -20,7 +20,7 @@ public:
     ListData comRaceName;
     ControlState lblCopyFrom, cmdOK, cmdCancel, cmdHelp;
 
-private:
+  private:
     RaceCardLogic& card_;
 };
 

@@ -27,16 +27,20 @@ void EditBettorLogic::Form_Load() {
         Currency total;
         for (int r = 1; r <= kMaxRace; ++r)
             for (std::int64_t n = 1; n <= RF.MaxBets; ++n)
-                if (RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor == slot) total += RF.Bet(G.CurrentRace, n).BetAmt;
+                if (RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor == slot)
+                    total += RF.Bet(G.CurrentRace, n).BetAmt;
         lblBetAmt.text = PlainDecimal(total);
     }
     FormChanged = false;
 }
 
-void EditBettorLogic::Text_Change(const std::string&) { FormChanged = true; }
+void EditBettorLogic::Text_Change(const std::string&) {
+    FormChanged = true;
+}
 
 void EditBettorLogic::Text_GotFocus(const std::string& name) {
-    if (name == "txtBettorName" || name == "txtBettorPhone" || name == "txtBettorEmail") selectText = name;
+    if (name == "txtBettorName" || name == "txtBettorPhone" || name == "txtBettorEmail")
+        selectText = name;
 }
 
 void EditBettorLogic::cmdOK_Click() {
@@ -87,12 +91,15 @@ void EditBettorLogic::cmdCancel_Click() {
 
 void EditBettorLogic::Form_QueryUnload(bool& cancel) {
     switch (KeepChangesQuestion(FormChanged, caption)) {
-        case kCancel: cancel = true; return;
+        case kCancel:
+            cancel = true;
+            return;
         case kYes:
             cmdOK_Click();
             if (G.CancelFlag) cancel = true;
             return;
-        default: return;
+        default:
+            return;
     }
 }
 

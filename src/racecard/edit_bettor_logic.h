@@ -9,7 +9,7 @@
 namespace tt {
 
 class EditBettorLogic : public FormState {
-public:
+  public:
     EditBettorLogic();
 
     void Form_Load();
@@ -21,8 +21,8 @@ public:
     void cmdOK_Click();
     void cmdCancel_Click();
 
-    ControlState txtBettorName, txtBettorPhone, txtBettorEmail, txtBettorInfo, lblBetAmt, lblWonAmt, cmdOK,
-        cmdCancel, cmdHelp;
+    ControlState txtBettorName, txtBettorPhone, txtBettorEmail, txtBettorInfo, lblBetAmt, lblWonAmt,
+        cmdOK, cmdCancel, cmdHelp;
     bool FormChanged = false;
     // Set by the load: the form centres itself in the main window and clears it.
     bool centerInMain = false;

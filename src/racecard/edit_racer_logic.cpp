@@ -12,7 +12,8 @@ namespace tt {
 EditRacerLogic::EditRacerLogic(RaceCardLogic& card) : card_(card) {
     caption = "Edit Racer";
     lblBetNbr.text = "Bet Nbr:";
-    lblBetNbr.toolTip = "Identifies racer for betting.  (Use same number to create \"field\".)  Required.";
+    lblBetNbr.toolTip =
+        "Identifies racer for betting.  (Use same number to create \"field\".)  Required.";
     lblProgramNbr.text = "Program Nbr:";
     lblPostPosition.text = "Post Pos:";
     chkScratched.text = "Scratched:";
@@ -32,7 +33,8 @@ void EditRacerLogic::SetText(ControlState& c, std::string text) {
 
 int EditRacerLogic::NextBetNbr() const {
     int top = 0;
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) top = std::max<int>(top, card_.WorkRacer(G.CurrentRace, n).BetNbr);
+    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n)
+        top = std::max<int>(top, card_.WorkRacer(G.CurrentRace, n).BetNbr);
     return top + 1;
 }
 
@@ -54,7 +56,8 @@ void EditRacerLogic::Form_Load() {
         chkScratched.value = r.Scratched ? 1 : 0;
         BetsExist = false;
         for (std::int64_t n = 1; n <= RF.MaxBets && !BetsExist; ++n)
-            for (int k = 1; k <= 6 && !BetsExist; ++k) BetsExist = RF.Bet(race, n).Pick(k) == r.BetNbr;
+            for (int k = 1; k <= 6 && !BetsExist; ++k)
+                BetsExist = RF.Bet(race, n).Pick(k) == r.BetNbr;
     } else {
         txtBetNbr.text = NumText(NextBetNbr());
         chkScratched.value = 0;
@@ -65,9 +68,13 @@ void EditRacerLogic::Form_Load() {
     G.CancelFlag = true;
 }
 
-void EditRacerLogic::Text_Change(const std::string&) { FormChanged = true; }
+void EditRacerLogic::Text_Change(const std::string&) {
+    FormChanged = true;
+}
 
-void EditRacerLogic::txtBetNbr_KeyPress(int& key) { key = NumericKeyFilter(key, false); }
+void EditRacerLogic::txtBetNbr_KeyPress(int& key) {
+    key = NumericKeyFilter(key, false);
+}
 
 void EditRacerLogic::txtPostPos_GotFocus() {
     if (txtPostPos.text.empty()) SetText(txtPostPos, txtBetNbr.text);
@@ -79,9 +86,13 @@ void EditRacerLogic::txtProgramNbr_GotFocus() {
     selectText = "txtProgramNbr";
 }
 
-void EditRacerLogic::chkScratched_Click() { FormChanged = true; }
+void EditRacerLogic::chkScratched_Click() {
+    FormChanged = true;
+}
 
-void EditRacerLogic::chkContinueToAdd_Click() { cmdCancel.text = chkContinueToAdd.value ? "Close" : "Cancel"; }
+void EditRacerLogic::chkContinueToAdd_Click() {
+    cmdCancel.text = chkContinueToAdd.value ? "Close" : "Cancel";
+}
 
 void EditRacerLogic::ClearForNewRacer() {
     G.CurrentRacer = 0;
@@ -105,7 +116,8 @@ void EditRacerLogic::cmdOK_Click() {
         const Int16 stored = card_.WorkRacer(race, G.CurrentRacer).BetNbr;
         if (Val(txtBetNbr.text) != stored) {
             Beep();
-            if (MsgBox(std::string("Bets exist for original Bet Number!") + kCrLf + "Are you sure you want to change it?",
+            if (MsgBox(std::string("Bets exist for original Bet Number!") + kCrLf +
+                           "Are you sure you want to change it?",
                        Buttons::kYesNo, Icon::kExclamation) == kNo) {
                 SetText(txtBetNbr, NumText(stored.Value()));
                 return;
@@ -183,12 +195,15 @@ void EditRacerLogic::cmdCancel_Click() {
 
 void EditRacerLogic::Form_QueryUnload(bool& cancel) {
     switch (KeepChangesQuestion(FormChanged, caption)) {
-        case kCancel: cancel = true; return;
+        case kCancel:
+            cancel = true;
+            return;
         case kYes:
             cmdOK_Click();
             if (G.CancelFlag) cancel = true;
             return;
-        default: return;
+        default:
+            return;
     }
 }
 

@@ -11,7 +11,7 @@ namespace tt {
 class RaceCardLogic;
 
 class EditRacerLogic : public FormState {
-public:
+  public:
     explicit EditRacerLogic(RaceCardLogic& card);
 
     void Form_Load();
@@ -27,14 +27,15 @@ public:
     void cmdDelete_Click();
     void cmdCancel_Click();
 
-    ControlState lblRaceName, lblBetNbr, txtBetNbr, lblProgramNbr, txtProgramNbr, lblPostPosition, txtPostPos,
-        txtRacerName, txtOdds1, txtOdds2, chkScratched, chkContinueToAdd, cmdOK, cmdCancel, cmdDelete, cmdHelp;
+    ControlState lblRaceName, lblBetNbr, txtBetNbr, lblProgramNbr, txtProgramNbr, lblPostPosition,
+        txtPostPos, txtRacerName, txtOdds1, txtOdds2, chkScratched, chkContinueToAdd, cmdOK,
+        cmdCancel, cmdDelete, cmdHelp;
     bool FormChanged = false;
     bool BetsExist = false;
     // The text box whose text the form should select, "" for none; the form clears it.
     std::string selectText;
 
-private:
+  private:
     // Assignments by the window's code: a changed text marks the window as changed.
     void SetText(ControlState& c, std::string text);
     // One more than the largest betting number of the race.

@@ -15,8 +15,9 @@ namespace {
 
 RaceCardLogic* g_active = nullptr;
 
-const char* const kBetTypeCaptions[11] = {"",       "Win",    "Place",  "Show",   "Exacta", "Trifecta",
-                                          "Daily Double", "Pick 3", "Pick 4", "Pick 5", "Pick 6"};
+const char* const kBetTypeCaptions[11] = {"",       "Win",      "Place",        "Show",
+                                          "Exacta", "Trifecta", "Daily Double", "Pick 3",
+                                          "Pick 4", "Pick 5",   "Pick 6"};
 const char* const kBetTypeTips[11] = {"",
                                       "Pick the winner of the race.",
                                       "Pick one of the top two finishers.",
@@ -34,7 +35,9 @@ const char* const kRoundCaptions[5] = {"0.01", "0.10", "0.25", "0.50", "1.00"};
 const char* const kRaceNotEstablished = "Race not established!";
 const char* const kEnterRaceName = "Please enter Race Name before copying racers.";
 
-std::string Indexed(const char* name, int i) { return std::string(name) + "(" + std::to_string(i) + ")"; }
+std::string Indexed(const char* name, int i) {
+    return std::string(name) + "(" + std::to_string(i) + ")";
+}
 
 // A single as the text boxes show it: the shortest text that reads back to the same value.
 std::string SingleText(float f) {
@@ -43,18 +46,28 @@ std::string SingleText(float f) {
     return s;
 }
 
-Currency MoneyOf(const ControlState& c) { return Currency::FromDouble(Val(c.text)); }
-bool IsChecked(const ControlState& c) { return c.value != 0; }
-bool Whole(double v) { return v == std::floor(v); }
+Currency MoneyOf(const ControlState& c) {
+    return Currency::FromDouble(Val(c.text));
+}
+bool IsChecked(const ControlState& c) {
+    return c.value != 0;
+}
+bool Whole(double v) {
+    return v == std::floor(v);
+}
 
 }  // namespace
 
 std::string RaceOrdinalCaption(int race) {
     switch (race) {
-        case 1: return "1st Race:";
-        case 2: return "2nd Race:";
-        case 3: return "3rd Race:";
-        default: return Str(race) + "th Race:";
+        case 1:
+            return "1st Race:";
+        case 2:
+            return "2nd Race:";
+        case 3:
+            return "3rd Race:";
+        default:
+            return Str(race) + "th Race:";
     }
 }
 
@@ -73,8 +86,10 @@ RaceCardLogic::RaceCardLogic() {
     caption = "Race Card Setup";
     g_active = this;
 
-    for (const char* t : {"Horse", "Car", "Runner", "Dog", "Rabbit", "Golfer"}) comRaceTypeList.AddItem(t);
-    for (const char* s : {"Betting Number", "Program Number", "Post Position", "Name"}) comRacerSort.AddItem(s);
+    for (const char* t : {"Horse", "Car", "Runner", "Dog", "Rabbit", "Golfer"})
+        comRaceTypeList.AddItem(t);
+    for (const char* s : {"Betting Number", "Program Number", "Post Position", "Name"})
+        comRacerSort.AddItem(s);
 
     chkPrintBets.text = "Print tickets";
     lblPrint2.text = "Hold a maximum of ";
@@ -94,14 +109,16 @@ RaceCardLogic::RaceCardLogic() {
     cmdPrev.text = cmdRRPrev.text = "<< Prev";
     cmdNext.text = CmdRRNext.text = "Next >>";
     cmdDelete.text = "Delete";
-    lblResultsMessage.text = "Results for this race entered.  To edit protected items you must remove the results.";
+    lblResultsMessage.text =
+        "Results for this race entered.  To edit protected items you must remove the results.";
     lblResultsMessage.visible = false;
     fraRace.text = "Settings for this Race";
     cmdReset.text = "Reset to Defaults:";
     cmdNew.text = "New Racer";
     cmdCopyRacers.text = "Copy Racers";
     cmdClearRacers.text = "Remove All:";
-    lblRResultsMessage.text = "Results for this race entered.  To edit racers you must remove the results.";
+    lblRResultsMessage.text =
+        "Results for this race entered.  To edit racers you must remove the results.";
     lblRResultsMessage.visible = false;
     chkBackup.text = "Prompt for file backup";
     lblSaveAfter1.text = "After every";
@@ -136,7 +153,8 @@ RaceCardLogic::RaceCardLogic() {
     Register("txtBetIncr", txtBetIncr, Kind::kMoney);
     Register("txtHoldbackPct", txtHoldbackPct, Kind::kNumber);
     Register("txtHoldbackAmt", txtHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i) Register(Indexed("chkBetType", i), chkBetType[i], Kind::kCheck);
+    for (int i = 1; i <= kBetTypes; ++i)
+        Register(Indexed("chkBetType", i), chkBetType[i], Kind::kCheck);
     for (int i = 1; i <= 5; ++i) Register(Indexed("txtQuickBet", i), txtQuickBet[i], Kind::kMoney);
     for (int i = 0; i < 5; ++i)
         Register(std::string("optRoundTo") + kRoundSuffix[i], optRoundTo[i], Kind::kOption);
@@ -154,8 +172,10 @@ RaceCardLogic::RaceCardLogic() {
     Register("txtRBetIncr", txtRBetIncr, Kind::kMoney);
     Register("txtRHoldbackPct", txtRHoldbackPct, Kind::kNumber);
     Register("txtRHoldbackAmt", txtRHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i) Register(Indexed("chkRBetType", i), chkRBetType[i], Kind::kCheck);
-    for (int i = 1; i <= 5; ++i) Register(Indexed("txtRQuickBet", i), txtRQuickBet[i], Kind::kMoneyNoFilter);
+    for (int i = 1; i <= kBetTypes; ++i)
+        Register(Indexed("chkRBetType", i), chkRBetType[i], Kind::kCheck);
+    for (int i = 1; i <= 5; ++i)
+        Register(Indexed("txtRQuickBet", i), txtRQuickBet[i], Kind::kMoneyNoFilter);
     for (int i = 0; i < 5; ++i)
         Register(std::string("optRRoundTo") + kRoundSuffix[i], optRRoundTo[i], Kind::kOption);
     Register("cmdReset", cmdReset, Kind::kOther);
@@ -191,14 +211,18 @@ RaceCardLogic::~RaceCardLogic() {
     if (g_active == this) g_active = nullptr;
 }
 
-RaceCardLogic* RaceCardLogic::Active() { return g_active; }
+RaceCardLogic* RaceCardLogic::Active() {
+    return g_active;
+}
 
 void RaceCardLogic::Register(const std::string& name, ControlState& c, Kind kind) {
     controls_[name] = {&c, kind};
     names_[&c] = name;
 }
 
-const std::string& RaceCardLogic::NameOf(const ControlState& c) const { return names_.at(&c); }
+const std::string& RaceCardLogic::NameOf(const ControlState& c) const {
+    return names_.at(&c);
+}
 
 ControlState& RaceCardLogic::Ctl(const std::string& name) {
     auto it = controls_.find(name);
@@ -209,7 +233,8 @@ ControlState& RaceCardLogic::Ctl(const std::string& name) {
 std::vector<std::string> RaceCardLogic::TextNames() const {
     std::vector<std::string> out;
     for (const auto& [name, e] : controls_)
-        if (e.kind != Kind::kCheck && e.kind != Kind::kOption && e.kind != Kind::kOther) out.push_back(name);
+        if (e.kind != Kind::kCheck && e.kind != Kind::kOption && e.kind != Kind::kOther)
+            out.push_back(name);
     return out;
 }
 
@@ -263,21 +288,33 @@ void RaceCardLogic::SetRoundTo(std::array<ControlState, 5>& group, int code) {
 
 void RaceCardLogic::Text_Change(const std::string& name) {
     switch (controls_.at(name).kind) {
-        case Kind::kRaceName: txtRaceName_Change(); break;
-        case Kind::kRRRaceName: break;
-        default: FormChanged = true; break;
+        case Kind::kRaceName:
+            txtRaceName_Change();
+            break;
+        case Kind::kRRRaceName:
+            break;
+        default:
+            FormChanged = true;
+            break;
     }
 }
 
 void RaceCardLogic::Text_GotFocus(const std::string& name) {
     switch (controls_.at(name).kind) {
-        case Kind::kRaceName: txtRaceName_GotFocus(); break;
-        case Kind::kRRRaceName: txtRRRaceName_GotFocus(); break;
+        case Kind::kRaceName:
+            txtRaceName_GotFocus();
+            break;
+        case Kind::kRRRaceName:
+            txtRRRaceName_GotFocus();
+            break;
         case Kind::kMoney:
         case Kind::kMoneyNoFilter:
         case Kind::kNumber:
-        case Kind::kFont: selectText = name; break;
-        default: break;
+        case Kind::kFont:
+            selectText = name;
+            break;
+        default:
+            break;
     }
 }
 
@@ -285,8 +322,11 @@ void RaceCardLogic::Text_KeyPress(const std::string& name, int& key) {
     switch (controls_.at(name).kind) {
         case Kind::kMoney:
         case Kind::kNumber:
-        case Kind::kFont: key = NumericKeyFilter(key, false); break;
-        default: break;
+        case Kind::kFont:
+            key = NumericKeyFilter(key, false);
+            break;
+        default:
+            break;
     }
 }
 
@@ -294,12 +334,17 @@ void RaceCardLogic::Text_LostFocus(const std::string& name) {
     const Entry& e = controls_.at(name);
     switch (e.kind) {
         case Kind::kMoney:
-        case Kind::kMoneyNoFilter: SetText(*e.control, MoneyText(Val(e.control->text))); break;
-        case Kind::kFont:
-            if (e.control == &txtReportFontSize) txtReportFontSize_LostFocus();
-            else txtTicketFontSize_LostFocus();
+        case Kind::kMoneyNoFilter:
+            SetText(*e.control, MoneyText(Val(e.control->text)));
             break;
-        default: break;
+        case Kind::kFont:
+            if (e.control == &txtReportFontSize)
+                txtReportFontSize_LostFocus();
+            else
+                txtTicketFontSize_LostFocus();
+            break;
+        default:
+            break;
     }
 }
 
@@ -307,7 +352,8 @@ void RaceCardLogic::txtReportFontSize_LostFocus() {
     double v = Val(txtReportFontSize.text);
     if (v > 72 || v < 2) {
         Beep();
-        MsgBox("Report font must be between 2 and 72! (8 is recommended.)", Buttons::kOK, Icon::kExclamation);
+        MsgBox("Report font must be between 2 and 72! (8 is recommended.)", Buttons::kOK,
+               Icon::kExclamation);
         SetFocus("txtReportFontSize");
     }
 }
@@ -316,7 +362,8 @@ void RaceCardLogic::txtTicketFontSize_LostFocus() {
     double v = Val(txtTicketFontSize.text);
     if (v > 72 || v < 2) {
         Beep();
-        MsgBox("Ticket font must be between 2 and 72!  (10 is recommended.)", Buttons::kOK, Icon::kExclamation);
+        MsgBox("Ticket font must be between 2 and 72!  (10 is recommended.)", Buttons::kOK,
+               Icon::kExclamation);
         SetFocus("txtTicketFontSize");
     }
 }
@@ -324,14 +371,22 @@ void RaceCardLogic::txtTicketFontSize_LostFocus() {
 void RaceCardLogic::Check_Click(const std::string& name) {
     FormChanged = true;
     const ControlState* c = controls_.at(name).control;
-    if (c == &chkRecoveryFlag) chkRecoveryFlag_Click();
-    else if (c == &chkClearRecovery) chkClearRecovery_Click();
-    else if (c == &chkBackup) chkBackup_Click();
-    else if (c == &chkPrintBets) chkPrintBets_Click();
-    else if (c == &chkUsePostPosition) chkUsePostPosition_Click();
-    else if (c == &chkUseProgramNbr) chkUseProgramNbr_Click();
-    else if (c == &chkDefault) chkDefault_Click();
-    else if (c == &chkRRDefault) chkRRDefault_Click();
+    if (c == &chkRecoveryFlag)
+        chkRecoveryFlag_Click();
+    else if (c == &chkClearRecovery)
+        chkClearRecovery_Click();
+    else if (c == &chkBackup)
+        chkBackup_Click();
+    else if (c == &chkPrintBets)
+        chkPrintBets_Click();
+    else if (c == &chkUsePostPosition)
+        chkUsePostPosition_Click();
+    else if (c == &chkUseProgramNbr)
+        chkUseProgramNbr_Click();
+    else if (c == &chkDefault)
+        chkDefault_Click();
+    else if (c == &chkRRDefault)
+        chkRRDefault_Click();
 }
 
 void RaceCardLogic::Option_Click(const std::string& name) {
@@ -350,17 +405,28 @@ void RaceCardLogic::Option_Click(const std::string& name) {
     Raise(kErrInvalidCall);
 }
 
-void RaceCardLogic::chkRecoveryFlag_Click() { RecoveryRule(); }
-void RaceCardLogic::chkClearRecovery_Click() { RecoveryRule(); }
-void RaceCardLogic::chkBackup_Click() { BackupRule(); }
-void RaceCardLogic::chkPrintBets_Click() { PrintingRule(); }
-void RaceCardLogic::comRaceType_Change() { FormChanged = true; }
+void RaceCardLogic::chkRecoveryFlag_Click() {
+    RecoveryRule();
+}
+void RaceCardLogic::chkClearRecovery_Click() {
+    RecoveryRule();
+}
+void RaceCardLogic::chkBackup_Click() {
+    BackupRule();
+}
+void RaceCardLogic::chkPrintBets_Click() {
+    PrintingRule();
+}
+void RaceCardLogic::comRaceType_Change() {
+    FormChanged = true;
+}
 
 // ---- Visibility rules ---------------------------------------------------------------------
 
 void RaceCardLogic::RecoveryRule() {
     const bool recovery = IsChecked(chkRecoveryFlag);
-    lblRecoveryFile.visible = txtRecoveryFile.visible = chkClearRecovery.visible = cmdBrowse.visible = recovery;
+    lblRecoveryFile.visible = txtRecoveryFile.visible = chkClearRecovery.visible =
+        cmdBrowse.visible = recovery;
     const bool clear = recovery && IsChecked(chkClearRecovery);
     lblClear1.visible = lblClear2.visible = txtClearDays.visible = clear;
     if (!recovery || txtRecoveryFile.text.empty()) return;
@@ -512,8 +578,12 @@ void RaceCardLogic::comRRRaceName_Click() {
         GoToRace(static_cast<int>(comRRRaceName.SelectedData()));
 }
 
-void RaceCardLogic::comRaceName_DropDown() { BuildRaceLists(); }
-void RaceCardLogic::comRRRaceName_DropDown() { BuildRaceLists(); }
+void RaceCardLogic::comRaceName_DropDown() {
+    BuildRaceLists();
+}
+void RaceCardLogic::comRRRaceName_DropDown() {
+    BuildRaceLists();
+}
 
 void RaceCardLogic::chkDefault_Click() {
     // The default race is set in the document at once: Cancel does not take it back.
@@ -545,8 +615,12 @@ void RaceCardLogic::Step(int delta) {
     FormChanged = changed;
 }
 
-void RaceCardLogic::cmdNext_Click() { Step(1); }
-void RaceCardLogic::cmdPrev_Click() { Step(-1); }
+void RaceCardLogic::cmdNext_Click() {
+    Step(1);
+}
+void RaceCardLogic::cmdPrev_Click() {
+    Step(-1);
+}
 
 void RaceCardLogic::MoveRaceToWindow(int race) {
     lblRace.text = RaceOrdinalCaption(race);
@@ -563,7 +637,8 @@ void RaceCardLogic::MoveRaceToWindow(int race) {
         for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], MoneyText(w.QuickBet(q)));
         SetRoundTo(optRRoundTo, w.RoundTo);
     } else {
-        for (ControlState* c : {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackPct, &txtRHoldbackAmt})
+        for (ControlState* c :
+             {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackPct, &txtRHoldbackAmt})
             SetText(*c, {});
         for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], {});
         SetText(txtRaceName, {});
@@ -576,8 +651,8 @@ void RaceCardLogic::MoveRaceToWindow(int race) {
 
 void RaceCardLogic::ApplyRaceProtection(int race) {
     const bool results = RaceFinished(race);
-    for (ControlState* c : {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackAmt, &txtRHoldbackPct,
-                            &cmdReset, &txtRaceName})
+    for (ControlState* c : {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackAmt,
+                            &txtRHoldbackPct, &cmdReset, &txtRaceName})
         c->enabled = !results;
     for (int t = 1; t <= 5; ++t) chkRBetType[t].enabled = !results;
     for (auto& o : optRRoundTo) o.enabled = !results;
@@ -641,7 +716,9 @@ void RaceCardLogic::ResetRaceToDefaults() {
     for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], txtQuickBet[q].text);
 }
 
-void RaceCardLogic::cmdReset_Click() { ResetRaceToDefaults(); }
+void RaceCardLogic::cmdReset_Click() {
+    ResetRaceToDefaults();
+}
 
 void RaceCardLogic::StoreRaceFromWindow(int race) {
     if (race == 0) return;
@@ -662,8 +739,8 @@ void RaceCardLogic::StoreRaceFromWindow(int race) {
 }
 
 void RaceCardLogic::StoreDefaultsFromWindow() {
-    const Currency minBet = MoneyOf(txtMinBet), minPayout = MoneyOf(txtMinPayout), betIncr = MoneyOf(txtBetIncr),
-                   holdbackAmt = MoneyOf(txtHoldbackAmt);
+    const Currency minBet = MoneyOf(txtMinBet), minPayout = MoneyOf(txtMinPayout),
+                   betIncr = MoneyOf(txtBetIncr), holdbackAmt = MoneyOf(txtHoldbackAmt);
     std::array<Currency, 6> quick{};
     for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtQuickBet[q]);
     RaceRec& d = WorkRace(0);
@@ -681,12 +758,17 @@ void RaceCardLogic::cmdDelete_Click() {
     const int race = G.CurrentRace;
     bool bets = false, racers = false;
     for (std::int64_t n = 1; n <= RF.MaxBets && !bets; ++n) bets = RF.Bet(race, n).BetType != 0;
-    for (std::int64_t n = 1; n <= RF.MaxRacers && !racers; ++n) racers = RF.Racer(race, n).BetNbr != 0;
-    const char* prefix = bets && racers ? "Racers and Bets " : bets ? "Bets " : racers ? "Racers " : nullptr;
+    for (std::int64_t n = 1; n <= RF.MaxRacers && !racers; ++n)
+        racers = RF.Racer(race, n).BetNbr != 0;
+    const char* prefix = bets && racers ? "Racers and Bets "
+                         : bets         ? "Bets "
+                         : racers       ? "Racers "
+                                        : nullptr;
     if (prefix) {
         Beep(2);
-        if (MsgBox(std::string(prefix) + "for this race exist on file!" + kCrLf + "This data will be lost!" +
-                       kCrLf + "Are you sure you want to delete this race?",
+        if (MsgBox(std::string(prefix) + "for this race exist on file!" + kCrLf +
+                       "This data will be lost!" + kCrLf +
+                       "Are you sure you want to delete this race?",
                    Buttons::kOKCancel, Icon::kExclamation, {}, 1) == kCancel)
             return;
     }
@@ -723,12 +805,14 @@ void RaceCardLogic::SSTab1_DblClick() {
     if (ValidateWindow()) StoreDefaultsFromWindow();
 }
 
-int RaceCardLogic::HelpContext() const { return help::kRaceCardGeneral + SSTab1; }
+int RaceCardLogic::HelpContext() const {
+    return help::kRaceCardGeneral + SSTab1;
+}
 
 // ---- Validation -----------------------------------------------------------------------------
 
-bool RaceCardLogic::Fail(const std::string& text, bool exclamation, int tab, const std::string& focusName,
-                         bool selectIt) {
+bool RaceCardLogic::Fail(const std::string& text, bool exclamation, int tab,
+                         const std::string& focusName, bool selectIt) {
     Beep();
     MsgBox(text, Buttons::kOK, exclamation ? Icon::kExclamation : Icon::kNone);
     SSTab1 = tab;
@@ -742,15 +826,19 @@ bool RaceCardLogic::ValidateWindow() {
     G.CancelFlag = false;
     const std::string minPayout = std::string("Minimum Payout must be at least as much") + kCrLf +
                                   "as the Minimum Bet amount";
-    if (Val(txtMinBet.text) > Val(txtMinPayout.text)) return Fail(minPayout, true, kDefaults, "txtMinPayout", true);
-    if (Val(txtRMinBet.text) > Val(txtRMinPayout.text)) return Fail(minPayout, true, kRaces, "txtRMinPayout", true);
+    if (Val(txtMinBet.text) > Val(txtMinPayout.text))
+        return Fail(minPayout, true, kDefaults, "txtMinPayout", true);
+    if (Val(txtRMinBet.text) > Val(txtRMinPayout.text))
+        return Fail(minPayout, true, kRaces, "txtRMinPayout", true);
     if (Val(txtRHoldbackAmt.text) < 0)
-        return Fail("Holdback Amount can't be less than 0 !", true, kRaces, "txtRHoldbackAmt", true);
+        return Fail("Holdback Amount can't be less than 0 !", true, kRaces, "txtRHoldbackAmt",
+                    true);
     const double pct = Val(txtRHoldbackPct.text);
     if (pct < 0 || pct > 100)
-        return Fail("Holdback Percent can't be less than 0 or greater than 100!", true, kRaces, "txtRHoldbackPct",
-                    true);
-    const std::string multiple = std::string("Quick Bet amounts must be a multiple") + kCrLf + "of the Bet Increment.";
+        return Fail("Holdback Percent can't be less than 0 or greater than 100!", true, kRaces,
+                    "txtRHoldbackPct", true);
+    const std::string multiple =
+        std::string("Quick Bet amounts must be a multiple") + kCrLf + "of the Bet Increment.";
     const double incr = Val(txtBetIncr.text), rIncr = Val(txtRBetIncr.text);
     const double minBet = Val(txtMinBet.text), rMinBet = Val(txtRMinBet.text);
     for (int i = 1; i <= 5; ++i) {
@@ -761,15 +849,17 @@ bool RaceCardLogic::ValidateWindow() {
         if (rIncr != 0 && !Whole(RoundPlaces(rQuick / rIncr, -4)))
             return Fail(multiple, false, kRaces, Indexed("txtRQuickBet", i), false);
         if (minBet > quick && quick != 0)
-            return Fail(std::string("Quick Bet amounts must be a greater") + kCrLf + "than the minimum bet.", false,
-                        kDefaults, Indexed("txtQuickBet", i), false);
+            return Fail(std::string("Quick Bet amounts must be a greater") + kCrLf +
+                            "than the minimum bet.",
+                        false, kDefaults, Indexed("txtQuickBet", i), false);
         if (rMinBet > rQuick && rQuick != 0)
-            return Fail(std::string("Quick Bet amounts must be greater") + kCrLf + "than the minimum bet.", false,
-                        kRaces, Indexed("txtRQuickBet", i), false);
+            return Fail(
+                std::string("Quick Bet amounts must be greater") + kCrLf + "than the minimum bet.",
+                false, kRaces, Indexed("txtRQuickBet", i), false);
     }
     if (IsChecked(chkPrintBets) && Val(txtMaxTransInPrinter.text) <= 0)
-        return Fail("Maximum transactions per page must be 1 or greater.", true, kGeneral, "txtMaxTransInPrinter",
-                    false);
+        return Fail("Maximum transactions per page must be 1 or greater.", true, kGeneral,
+                    "txtMaxTransInPrinter", false);
     return true;
 }
 
@@ -805,7 +895,8 @@ void RaceCardLogic::SaveWork() {
         for (std::int64_t n = 1; n <= RF.MaxBets; ++n) {
             BetRec& b = RF.Bet(i, n);
             const int t = b.BetType;
-            if (t >= 1 && t <= kBetTypes && off[static_cast<std::size_t>(t)]) b.BetWinnings = b.BetCost;
+            if (t >= 1 && t <= kBetTypes && off[static_cast<std::size_t>(t)])
+                b.BetWinnings = b.BetCost;
         }
     }
 
@@ -881,7 +972,8 @@ void RaceCardLogic::Form_QueryUnload(bool& cancel) {
             cmdOK_Click();
             if (!unloaded) cancel = true;
             return;
-        default: return;
+        default:
+            return;
     }
 }
 
@@ -896,8 +988,10 @@ void RaceCardLogic::cmdBrowse_Click() {
     req.title = "Recovery File";
     req.filter = kRecoveryFileFilter;
     req.defaultExt = ".tlr";
-    if (!txtRecoveryFile.text.empty()) req.initialName = txtRecoveryFile.text;
-    else if (!G.FilePath.empty()) req.initialName = G.FilePath.substr(0, G.FilePath.find('.'));
+    if (!txtRecoveryFile.text.empty())
+        req.initialName = txtRecoveryFile.text;
+    else if (!G.FilePath.empty())
+        req.initialName = G.FilePath.substr(0, G.FilePath.find('.'));
     auto name = Dialogs().Save(req);
     if (name && !name->empty()) SetText(txtRecoveryFile, *name);
 }
@@ -912,9 +1006,11 @@ void RaceCardLogic::comRacerSort_Click() {
         comRacerSort.SetListIndex(0);
     };
     if (comRacerSortText == "Post Position" && !IsChecked(chkUsePostPosition))
-        refuse("Post Position cannot be used to sort unless", "the 'Use Post Positions' box is checked!");
+        refuse("Post Position cannot be used to sort unless",
+               "the 'Use Post Positions' box is checked!");
     else if (comRacerSortText == "Program Number" && !IsChecked(chkUseProgramNbr))
-        refuse("Program Number cannot be used to sort unless", "the 'Use Program Numbers' box is checked!");
+        refuse("Program Number cannot be used to sort unless",
+               "the 'Use Program Numbers' box is checked!");
     MoveRacerToWindow(G.CurrentRace);
 }
 
@@ -960,8 +1056,12 @@ void RaceCardLogic::MoveRacerToWindow(int race) {
     g.SetFixedCols(0);
     g.SetRows(1);
     const char* headers[6] = {"Bet#", "Pgm#", "PP", "Name", "Hcap Odds", ""};
-    const int widths[6] = {600, IsChecked(chkUseProgramNbr) ? 600 : 0, IsChecked(chkUsePostPosition) ? 600 : 0,
-                           2000, 1000, 0};
+    const int widths[6] = {600,
+                           IsChecked(chkUseProgramNbr) ? 600 : 0,
+                           IsChecked(chkUsePostPosition) ? 600 : 0,
+                           2000,
+                           1000,
+                           0};
     for (int c = 0; c < 6; ++c) {
         g.SetTextMatrix(0, c, headers[c]);
         g.SetColWidth(c, widths[c]);
@@ -989,14 +1089,19 @@ void RaceCardLogic::MoveRacerToWindow(int race) {
     }
     if (g.Rows() > 2) {
         const std::string& sort = comRacerSortText;
-        if (sort == "Betting Number") g.SortAscending(1, g.Rows() - 1, 0, 1);
-        else if (sort == "Name") g.SortAscending(1, g.Rows() - 1, 3, 3);
-        else if (sort == "Program Number") g.SortAscending(1, g.Rows() - 1, 1, 1);
-        else if (sort == "Post Position") g.SortAscending(1, g.Rows() - 1, 2, 2);
+        if (sort == "Betting Number")
+            g.SortAscending(1, g.Rows() - 1, 0, 1);
+        else if (sort == "Name")
+            g.SortAscending(1, g.Rows() - 1, 3, 3);
+        else if (sort == "Program Number")
+            g.SortAscending(1, g.Rows() - 1, 1, 1);
+        else if (sort == "Post Position")
+            g.SortAscending(1, g.Rows() - 1, 2, 2);
     }
 
     const bool results = RaceFinished(race);
-    cmdNew.enabled = cmdClearRacers.enabled = txtRRRaceName.enabled = cmdCopyRacers.enabled = !results;
+    cmdNew.enabled = cmdClearRacers.enabled = txtRRRaceName.enabled = cmdCopyRacers.enabled =
+        !results;
     lblRResultsMessage.visible = results;
     if (SavedGridRow >= g.FixedRows() && SavedGridRow < g.Rows()) g.SetRow(SavedGridRow);
 }
@@ -1048,7 +1153,8 @@ void RaceCardLogic::cmdCopyRacers_Click() {
         return;
     }
     if (CurrentRaceHasNamedRacer()) {
-        MsgBox(std::string("Copying racers from another race can only ") + kCrLf + "be done for a race with no racers.",
+        MsgBox(std::string("Copying racers from another race can only ") + kCrLf +
+                   "be done for a race with no racers.",
                Buttons::kOK, Icon::kExclamation);
         return;
     }

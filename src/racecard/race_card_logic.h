@@ -26,7 +26,7 @@ std::string RaceOrdinalCaption(int race);
 void FreeRacerSlot(RacerRec& racer);
 
 class RaceCardLogic : public FormState {
-public:
+  public:
     RaceCardLogic();
     ~RaceCardLogic();
     RaceCardLogic(const RaceCardLogic&) = delete;
@@ -131,9 +131,9 @@ public:
     std::string comRacerSortText;  // the text of comRacerSort, also one not in its list
     // Race Defaults
     ControlState txtMinBet, txtMinPayout, txtBetIncr, txtHoldbackPct, txtHoldbackAmt;
-    std::array<ControlState, 11> chkBetType;   // 1 to 10
-    std::array<ControlState, 6> txtQuickBet;   // 1 to 5
-    std::array<ControlState, 5> optRoundTo;    // 001, 010, 25, 50, 1
+    std::array<ControlState, 11> chkBetType;  // 1 to 10
+    std::array<ControlState, 6> txtQuickBet;  // 1 to 5
+    std::array<ControlState, 5> optRoundTo;   // 001, 010, 25, 50, 1
     // Race Setup
     ControlState lblRace, txtRaceName, chkDefault, cmdPrev, cmdNext, cmdDelete, lblResultsMessage;
     ListData comRaceName;
@@ -161,9 +161,19 @@ public:
     std::vector<std::string> CheckNames() const;
     std::vector<std::string> OptionNames() const;
 
-private:
-    enum class Kind { kMoney, kMoneyNoFilter, kNumber, kFont, kPlain, kRaceName, kRRRaceName, kCheck,
-                      kOption, kOther };
+  private:
+    enum class Kind {
+        kMoney,
+        kMoneyNoFilter,
+        kNumber,
+        kFont,
+        kPlain,
+        kRaceName,
+        kRRRaceName,
+        kCheck,
+        kOption,
+        kOther
+    };
     struct Entry {
         ControlState* control;
         Kind kind;

@@ -75,7 +75,9 @@ void SelectBettorLogic::cmdDelete_Click() {
     }
     Hourglass::Off();
     Beep();
-    if (MsgBox("Are you sure you want to delete " + lstBettors.Text() + "?", Buttons::kYesNo) != kYes) return;
+    if (MsgBox("Are you sure you want to delete " + lstBettors.Text() + "?", Buttons::kYesNo) !=
+        kYes)
+        return;
     Shell().SetBusy(true);
     const std::int64_t slot = lstBettors.SelectedData();
     DeletedBettors += 1;

@@ -13,7 +13,7 @@ namespace tt {
 extern Int16 DeletedBettors;
 
 class SelectBettorLogic : public FormState {
-public:
+  public:
     SelectBettorLogic();
 
     // Also run again after each edit.

@@ -49,7 +49,8 @@ TEST_F(BettorsTest, NewBettorsReuseEmptySlotsAndNamesMustDifferExactly) {
     world.messages.Clear();
     world.messages.Answer(kYes);
     list.cmdDelete_Click();
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Are you sure you want to delete Alice?"});
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Are you sure you want to delete Alice?"});
     EXPECT_EQ(RF.Bettor(1).BettorName, "");
     EXPECT_EQ(DeletedBettors, 1);
     EXPECT_EQ(list.lstBettors.ListCount(), 1);

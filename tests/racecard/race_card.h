@@ -14,15 +14,19 @@
 #include "support/fakes.h"
 
 namespace tt {
-inline void PrintTo(const Currency& c, std::ostream* os) { *os << c.Raw() / 10000.0; }
+inline void PrintTo(const Currency& c, std::ostream* os) {
+    *os << c.Raw() / 10000.0;
+}
 }  // namespace tt
 
 namespace tt::test {
 
-inline Currency C(double v) { return Currency::FromDouble(v); }
+inline Currency C(double v) {
+    return Currency::FromDouble(v);
+}
 
 class RaceCardTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         ClearRaceFile();
         RF.FileName = "Spring Test";
@@ -50,11 +54,15 @@ protected:
         RF.Ticket(1).TicketRace = 1;
         RF.MaxBets = 2;
         RF.Bet.ReDim(3);
-        Bet(1, 1, 1, 2.0, {2});        // a Win bet on 2
-        Bet(1, 2, 4, 1.0, {1, 2});     // an Exacta 1-2
+        Bet(1, 1, 1, 2.0, {2});     // a Win bet on 2
+        Bet(1, 2, 4, 1.0, {1, 2});  // an Exacta 1-2
         Bet(2, 1, 1, 5.0, {3});
-        world.shell.onShow["frmEditRacer"] = [this] { if (onEditRacer) onEditRacer(); };
-        world.shell.onShow["frmCopyRacers"] = [this] { if (onCopyRacers) onCopyRacers(); };
+        world.shell.onShow["frmEditRacer"] = [this] {
+            if (onEditRacer) onEditRacer();
+        };
+        world.shell.onShow["frmCopyRacers"] = [this] {
+            if (onCopyRacers) onCopyRacers();
+        };
     }
 
     void Bet(int race, int slot, int type, double amt, std::initializer_list<int> picks) {

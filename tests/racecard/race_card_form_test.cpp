@@ -40,7 +40,8 @@ TEST_F(RaceCardFormTest, KeysFocusAndTabsFollowTheLogic) {
     // Leaving the tab: the minimum payout is below the minimum bet, so the tab stays.
     form.SSTab1->setCurrentIndex(3);
     EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Minimum Payout must be at least as much\r\nas the Minimum Bet amount"});
+              std::vector<std::string>{
+                  "Minimum Payout must be at least as much\r\nas the Minimum Bet amount"});
     EXPECT_EQ(form.SSTab1->currentIndex(), 1);
     EXPECT_EQ(QApplication::focusWidget(), form.findChild<QLineEdit*>("txtMinPayout"));
 

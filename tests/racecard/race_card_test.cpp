@@ -11,7 +11,8 @@
 namespace tt::test {
 namespace {
 
-const std::string kMinPayout = "Minimum Payout must be at least as much\r\nas the Minimum Bet amount";
+const std::string kMinPayout =
+    "Minimum Payout must be at least as much\r\nas the Minimum Bet amount";
 const std::string kMultiple = "Quick Bet amounts must be a multiple\r\nof the Bet Increment.";
 
 TEST_F(RaceCardTest, LoadFillsTheWindowFromTheDocument) {
@@ -131,8 +132,9 @@ TEST_F(RaceCardTest, SaveWorkErasesBetsOfDeletedRacesRefundsSwitchedOffTypesAndL
     c.cmdDelete_Click();
     ASSERT_EQ(world.messages.shown.size(), 1u);
     const MessageRequest& q = world.messages.shown[0];
-    EXPECT_EQ(q.text, "Racers and Bets for this race exist on file!\r\nThis data will be lost!\r\n"
-                      "Are you sure you want to delete this race?");
+    EXPECT_EQ(q.text,
+              "Racers and Bets for this race exist on file!\r\nThis data will be lost!\r\n"
+              "Are you sure you want to delete this race?");
     EXPECT_EQ(q.buttons, Buttons::kOKCancel);
     EXPECT_EQ(q.defaultButton, 1);
     EXPECT_EQ(world.messages.beeps, 2);
@@ -163,7 +165,7 @@ TEST_F(RaceCardTest, SaveWorkErasesBetsOfDeletedRacesRefundsSwitchedOffTypesAndL
     EXPECT_EQ(erased.BetAmt, Currency());
     EXPECT_EQ(erased.BetCost, Currency());
     EXPECT_EQ(erased.Pick(1), 0);
-    EXPECT_EQ(erased.TicketIdx, 1);  // the ticket link stays
+    EXPECT_EQ(erased.TicketIdx, 1);             // the ticket link stays
     EXPECT_EQ(RF.Bet(1, 2).BetWinnings, C(1));  // the exacta's cost back
     EXPECT_EQ(RF.Bet(1, 1).BetWinnings, Currency());
     EXPECT_FALSE(RF.Race(1).BetType(4));
@@ -247,7 +249,7 @@ TEST_F(RaceCardTest, EnteringAnEmptyNameBoxCreatesTheRaceWithDefaults) {
     EXPECT_EQ(c.txtRQuickBet[1].text, "2.00");
     EXPECT_EQ(c.optRRoundTo[0].value, -1);
     EXPECT_EQ(c.WorkRace(3).RoundTo, -2);  // stored by the option button itself
-    c.txtRaceName_GotFocus();  // not empty: selects
+    c.txtRaceName_GotFocus();              // not empty: selects
     EXPECT_EQ(c.selectText, "txtRaceName");
     Type("txtRaceName", "");
     EXPECT_EQ(c.WorkRace(3).RaceName, "");
@@ -290,7 +292,8 @@ TEST_F(RaceCardTest, ResultsProtectTheRaceAndTheMultiRaceBoxesNearRaceTwenty) {
         c.GoToRace(race);
         std::string s;
         for (int t = 6; t <= 10; ++t)
-            s += std::string(c.chkRBetType[t].visible ? "v" : "-") + (c.chkRBetType[t].enabled ? "E " : "d ");
+            s += std::string(c.chkRBetType[t].visible ? "v" : "-") +
+                 (c.chkRBetType[t].enabled ? "E " : "d ");
         return s;
     };
     EXPECT_EQ(boxes(16), "vd vd vE vE -d ");
@@ -306,8 +309,9 @@ TEST_F(RaceCardTest, SortOptionsNeedTheirInputs) {
     RaceCardLogic& c = Load();
     c.comRacerSortText = "Post Position";
     c.comRacerSort_Click();
-    EXPECT_EQ(world.messages.Texts().at(0),
-              "Post Position cannot be used to sort unless\r\nthe 'Use Post Positions' box is checked!");
+    EXPECT_EQ(
+        world.messages.Texts().at(0),
+        "Post Position cannot be used to sort unless\r\nthe 'Use Post Positions' box is checked!");
     EXPECT_EQ(c.comRacerSortText, "Betting Number");
     Click("chkUsePostPosition", 1);
     EXPECT_EQ(c.flxRacers.ColWidth(2), 600);
@@ -315,13 +319,15 @@ TEST_F(RaceCardTest, SortOptionsNeedTheirInputs) {
     c.comRacerSort_Click();
     world.messages.Clear();
     Click("chkUsePostPosition", 0);
-    EXPECT_EQ(world.messages.Texts().at(0),
-              "Post Position's must be used when 'Post Position'\r\nis being used to sort the racers");
+    EXPECT_EQ(
+        world.messages.Texts().at(0),
+        "Post Position's must be used when 'Post Position'\r\nis being used to sort the racers");
     EXPECT_EQ(c.chkUsePostPosition.value, 1);
     c.comRacerSortText = "Program Number";
     c.comRacerSort_Click();
     EXPECT_EQ(world.messages.Texts().back(),
-              "Program Number cannot be used to sort unless\r\nthe 'Use Program Numbers' box is checked!");
+              "Program Number cannot be used to sort unless\r\nthe 'Use Program Numbers' box is "
+              "checked!");
 }
 
 TEST_F(RaceCardTest, RecoveryFileIsTestedWhenItsBoxesAreClicked) {
@@ -353,11 +359,13 @@ TEST_F(RaceCardTest, FontSizesAreCheckedWhenLeavingTheirBoxes) {
     RaceCardLogic& c = Load();
     Type("txtReportFontSize", "80");
     c.Text_LostFocus("txtReportFontSize");
-    EXPECT_EQ(world.messages.Texts().at(0), "Report font must be between 2 and 72! (8 is recommended.)");
+    EXPECT_EQ(world.messages.Texts().at(0),
+              "Report font must be between 2 and 72! (8 is recommended.)");
     EXPECT_EQ(c.focus, "txtReportFontSize");
     Type("txtTicketFontSize", "1");
     c.Text_LostFocus("txtTicketFontSize");
-    EXPECT_EQ(world.messages.Texts().at(1), "Ticket font must be between 2 and 72!  (10 is recommended.)");
+    EXPECT_EQ(world.messages.Texts().at(1),
+              "Ticket font must be between 2 and 72!  (10 is recommended.)");
     Type("txtMinBet", "1234.5");
     c.Text_LostFocus("txtMinBet");
     EXPECT_EQ(c.txtMinBet.text, "1,234.50");

@@ -9,10 +9,11 @@ namespace tt::test {
 namespace {
 
 class RacersTest : public RaceCardTest {
-protected:
+  protected:
     std::vector<std::string> Row(int r) {
         std::vector<std::string> cells;
-        for (int c = 0; c < card->flxRacers.Cols(); ++c) cells.push_back(card->flxRacers.TextMatrix(r, c));
+        for (int c = 0; c < card->flxRacers.Cols(); ++c)
+            cells.push_back(card->flxRacers.TextMatrix(r, c));
         return cells;
     }
 };
@@ -201,7 +202,7 @@ TEST_F(RacersTest, CopyRacersStartsAfterTheUsedSlotsAndGrowsTheTables) {
     c.txtRaceName_GotFocus();
     c.SSTab1 = RaceCardLogic::kRacers;
     c.SSTab1_Click(RaceCardLogic::kRaces);
-    c.WorkRacer(3, 1).BetNbr = 5;  // a numbered slot without a name
+    c.WorkRacer(3, 1).BetNbr = 5;    // a numbered slot without a name
     c.WorkRacer(1, 2) = RacerRec();  // a gap in the source
     onCopyRacers = [&] {
         CopyRacersLogic f(c);
@@ -232,7 +233,8 @@ TEST_F(RacersTest, CopyRacersStartsAfterTheUsedSlotsAndGrowsTheTables) {
         EXPECT_EQ(f.comRaceName.ListIndex(), 0);
         world.messages.Clear();
         f.cmdOK_Click();
-        EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Cannot copy racers from the current race!"});
+        EXPECT_EQ(world.messages.Texts(),
+                  std::vector<std::string>{"Cannot copy racers from the current race!"});
         f.cmdCancel_Click();
     };
     for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) c.WorkRacer(1, n).RacerName.clear();

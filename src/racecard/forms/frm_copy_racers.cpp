@@ -21,7 +21,8 @@ frmCopyRacers::frmCopyRacers(RaceCardLogic& card, QWidget* parent) : QDialog(par
     comRaceName = new QComboBox(this);
     comRaceName->setObjectName("comRaceName");
     comRaceName->setMinimumWidth(Twips(4000));
-    connect(comRaceName, &QComboBox::activated, this, [this](int index) { logic.comRaceName.SetListIndex(index); });
+    connect(comRaceName, &QComboBox::activated, this,
+            [this](int index) { logic.comRaceName.SetListIndex(index); });
     v->addWidget(comRaceName);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -42,7 +43,8 @@ frmCopyRacers::frmCopyRacers(RaceCardLogic& card, QWidget* parent) : QDialog(par
     });
     connect(cancel, &QPushButton::clicked, this, [this] { reject(); });
     connect(helpButton, &QPushButton::clicked, this, [this] {
-        Guard(this, false, [&] { DisplayContextHelp(AppHelpFile(), help::kCopyRacers, logic.caption); });
+        Guard(this, false,
+              [&] { DisplayContextHelp(AppHelpFile(), help::kCopyRacers, logic.caption); });
     });
     Guard(this, false, [&] { logic.Form_Load(); });
     Refresh();

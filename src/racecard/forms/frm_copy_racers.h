@@ -12,14 +12,14 @@ namespace tt::gui {
 class frmCopyRacers : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     frmCopyRacers(RaceCardLogic& card, QWidget* parent = nullptr);
 
     CopyRacersLogic logic;
     QComboBox* comRaceName;
     void Refresh();
 
-public slots:
+  public slots:
     void reject() override;
 };
 

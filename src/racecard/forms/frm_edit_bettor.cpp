@@ -63,7 +63,8 @@ frmEditBettor::frmEditBettor(QWidget* parent) : QDialog(parent) {
     };
     push(logic.cmdOK, "cmdOK", [this] { logic.cmdOK_Click(); })->setDefault(true);
     push(logic.cmdCancel, "cmdCancel", [this] { logic.cmdCancel_Click(); });
-    push(logic.cmdHelp, "cmdHelp", [this] { DisplayContextHelp(AppHelpFile(), help::kEditBettor, logic.caption); });
+    push(logic.cmdHelp, "cmdHelp",
+         [this] { DisplayContextHelp(AppHelpFile(), help::kEditBettor, logic.caption); });
     v->addLayout(buttons);
     Run([&] { logic.Form_Load(); });
 }
@@ -97,13 +98,15 @@ void frmEditBettor::Refresh() {
         logic.focus.clear();
     }
     if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText))) QTimer::singleShot(0, e, [e] { e->selectAll(); });
+        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
+            QTimer::singleShot(0, e, [e] { e->selectAll(); });
         logic.selectText.clear();
     }
     if (logic.centerInMain && isVisible()) {
         // Centred in the main window's inner area, whose size the document keeps in twips.
         logic.centerInMain = false;
-        Placement p = CenterInMain({0, 0, ToTwips(frameGeometry().width()), ToTwips(frameGeometry().height())});
+        Placement p = CenterInMain(
+            {0, 0, ToTwips(frameGeometry().width()), ToTwips(frameGeometry().height())});
         QWidget* main = parentWidget() ? parentWidget()->window() : nullptr;
         QPoint origin = main ? main->mapToGlobal(QPoint(0, 0)) : QPoint(0, 0);
         move(origin + QPoint(Twips(p.left), Twips(p.top)));

@@ -15,21 +15,21 @@ namespace tt::gui {
 class frmEditBettor : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmEditBettor(QWidget* parent = nullptr);
 
     EditBettorLogic logic;
     void Refresh();
     void Run(const std::function<void()>& event);
 
-public slots:
+  public slots:
     void reject() override;
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
-private:
+  private:
     std::map<QLineEdit*, ControlState*> edits_;
     QLabel* lblBetAmt;
     QLabel* lblWonAmt;

@@ -69,9 +69,11 @@ frmEditRacer::frmEditRacer(RaceCardLogic& card, QWidget* parent) : QDialog(paren
         });
         return c;
     };
-    g->addWidget(check(logic.chkScratched, "chkScratched", [this] { logic.chkScratched_Click(); }), 5, 0, 1, 2);
-    g->addWidget(check(logic.chkContinueToAdd, "chkContinueToAdd", [this] { logic.chkContinueToAdd_Click(); }), 6, 0,
-                 1, 3);
+    g->addWidget(check(logic.chkScratched, "chkScratched", [this] { logic.chkScratched_Click(); }),
+                 5, 0, 1, 2);
+    g->addWidget(check(logic.chkContinueToAdd, "chkContinueToAdd",
+                       [this] { logic.chkContinueToAdd_Click(); }),
+                 6, 0, 1, 3);
     v->addLayout(g);
 
     auto* buttons = new QHBoxLayout;
@@ -121,9 +123,12 @@ bool frmEditRacer::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         auto reason = static_cast<QFocusEvent*>(event)->reason();
         if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
-            if (name == "txtPostPos") Run([&] { logic.txtPostPos_GotFocus(); });
-            else if (name == "txtProgramNbr") Run([&] { logic.txtProgramNbr_GotFocus(); });
-            else QTimer::singleShot(0, edit, [edit] { edit->selectAll(); });
+            if (name == "txtPostPos")
+                Run([&] { logic.txtPostPos_GotFocus(); });
+            else if (name == "txtProgramNbr")
+                Run([&] { logic.txtProgramNbr_GotFocus(); });
+            else
+                QTimer::singleShot(0, edit, [edit] { edit->selectAll(); });
         }
     } else if (event->type() == QEvent::KeyPress && name == "txtBetNbr") {
         const QString t = static_cast<QKeyEvent*>(event)->text();
@@ -150,7 +155,8 @@ void frmEditRacer::Refresh() {
         logic.focus.clear();
     }
     if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText))) QTimer::singleShot(0, e, [e] { e->selectAll(); });
+        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
+            QTimer::singleShot(0, e, [e] { e->selectAll(); });
         logic.selectText.clear();
     }
     refreshing_ = false;

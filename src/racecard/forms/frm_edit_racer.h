@@ -17,20 +17,20 @@ namespace tt::gui {
 class frmEditRacer : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     frmEditRacer(RaceCardLogic& card, QWidget* parent = nullptr);
 
     EditRacerLogic logic;
     void Refresh();
     void Run(const std::function<void()>& event);
 
-public slots:
+  public slots:
     void reject() override;
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+  private:
     QLineEdit* Edit(const std::string& name, ControlState& state);
 
     std::map<QLineEdit*, ControlState*> edits_;

@@ -29,7 +29,9 @@ namespace tt::gui {
 
 namespace {
 
-std::string Indexed(const std::string& name, int i) { return name + "(" + std::to_string(i) + ")"; }
+std::string Indexed(const std::string& name, int i) {
+    return name + "(" + std::to_string(i) + ")";
+}
 
 // The character code of a key press as the key filters see it; 0 for keys without text.
 int KeyCode(const QKeyEvent* e) {
@@ -73,7 +75,8 @@ frmRaceCard::frmRaceCard(QWidget* parent) : QDialog(parent) {
     helpButton->setObjectName("cmdHelp");
     buttons_["cmdHelp"] = helpButton;
     connect(helpButton, &QPushButton::clicked, this, [this] {
-        Guard(this, false, [&] { DisplayContextHelp(AppHelpFile(), logic.HelpContext(), logic.caption); });
+        Guard(this, false,
+              [&] { DisplayContextHelp(AppHelpFile(), logic.HelpContext(), logic.caption); });
     });
     buttons->addWidget(helpButton);
     layout->addLayout(buttons);
@@ -84,9 +87,8 @@ frmRaceCard::frmRaceCard(QWidget* parent) : QDialog(parent) {
         logic.SSTab1 = index;
         Run([&] { logic.SSTab1_Click(previous); });
     });
-    connect(SSTab1->tabBar(), &QTabBar::tabBarDoubleClicked, this, [this](int) {
-        Run([&] { logic.SSTab1_DblClick(); });
-    });
+    connect(SSTab1->tabBar(), &QTabBar::tabBarDoubleClicked, this,
+            [this](int) { Run([&] { logic.SSTab1_DblClick(); }); });
 }
 
 void frmRaceCard::showEvent(QShowEvent* event) {
@@ -132,7 +134,8 @@ QAbstractButton* frmRaceCard::Option(const std::string& name) {
     // The logic keeps a group's choice, including none at all.
     o->setAutoExclusive(false);
     buttons_[name] = o;
-    connect(o, &QRadioButton::clicked, this, [this, name] { Run([&] { logic.Option_Click(name); }); });
+    connect(o, &QRadioButton::clicked, this,
+            [this, name] { Run([&] { logic.Option_Click(name); }); });
     return o;
 }
 
@@ -240,7 +243,8 @@ QWidget* frmRaceCard::BuildSettings(const std::string& prefix, QWidget* parent) 
 
     auto* types = new QGroupBox("Bet Types Allowed", box);
     auto* t = new QGridLayout(types);
-    for (int i = 1; i <= 10; ++i) t->addWidget(Check(Indexed("chk" + prefix + "BetType", i)), (i - 1) % 5, (i - 1) / 5);
+    for (int i = 1; i <= 10; ++i)
+        t->addWidget(Check(Indexed("chk" + prefix + "BetType", i)), (i - 1) % 5, (i - 1) / 5);
     g->addWidget(types, 3, 0, 1, 2);
 
     auto* right = new QVBoxLayout;
@@ -250,7 +254,8 @@ QWidget* frmRaceCard::BuildSettings(const std::string& prefix, QWidget* parent) 
     right->addWidget(quick);
     auto* round = new QGroupBox("Round Payouts To", box);
     auto* r = new QHBoxLayout(round);
-    for (const char* suffix : kRoundSuffix) r->addWidget(Option("opt" + prefix + "RoundTo" + suffix));
+    for (const char* suffix : kRoundSuffix)
+        r->addWidget(Option("opt" + prefix + "RoundTo" + suffix));
     right->addWidget(round);
     right->addStretch();
     g->addLayout(right, 3, 2, 1, 2);
@@ -314,7 +319,8 @@ QWidget* frmRaceCard::BuildRaces() {
     cmdReset->setIcon(style()->standardIcon(QStyle::SP_BrowserReload));
     cmdReset->setToolButtonStyle(Qt::ToolButtonIconOnly);
     buttons_["cmdReset"] = cmdReset;
-    connect(cmdReset, &QToolButton::clicked, this, [this] { Run([&] { logic.cmdReset_Click(); }); });
+    connect(cmdReset, &QToolButton::clicked, this,
+            [this] { Run([&] { logic.cmdReset_Click(); }); });
     reset->addStretch();
     reset->addWidget(resetCaption);
     reset->addWidget(cmdReset);
@@ -381,7 +387,8 @@ QWidget* frmRaceCard::BuildRacers() {
     cmdClearRacers->setIcon(style()->standardIcon(QStyle::SP_TrashIcon));
     cmdClearRacers->setToolButtonStyle(Qt::ToolButtonIconOnly);
     buttons_["cmdClearRacers"] = cmdClearRacers;
-    connect(cmdClearRacers, &QToolButton::clicked, this, [this] { Run([&] { logic.cmdClearRacers_Click(); }); });
+    connect(cmdClearRacers, &QToolButton::clicked, this,
+            [this] { Run([&] { logic.cmdClearRacers_Click(); }); });
     buttons->addWidget(clearCaption);
     buttons->addWidget(cmdClearRacers);
     f->addLayout(buttons);
@@ -459,7 +466,8 @@ bool frmRaceCard::eventFilter(QObject* watched, QEvent* event) {
             if (refused) return true;
             break;
         }
-        default: break;
+        default:
+            break;
     }
     return QDialog::eventFilter(watched, event);
 }
@@ -479,20 +487,23 @@ void frmRaceCard::Refresh() {
     fraRace->setTitle(Q(logic.fraRace.text));
     fraRace->setVisible(logic.fraRace.visible);
 
-    if (comRaceType->currentText() != Q(logic.comRaceType.text)) comRaceType->setEditText(Q(logic.comRaceType.text));
+    if (comRaceType->currentText() != Q(logic.comRaceType.text))
+        comRaceType->setEditText(Q(logic.comRaceType.text));
     {
         QSignalBlocker block(comRacerSort);
         comRacerSort->setCurrentIndex(comRacerSort->findText(Q(logic.comRacerSortText)));
     }
     FillCombo(comRaceName, logic.comRaceName);
     FillCombo(comRRRaceName, logic.comRRRaceName);
-    for (auto* combo : {static_cast<QComboBox*>(comRaceName), static_cast<QComboBox*>(comRRRaceName)})
+    for (auto* combo :
+         {static_cast<QComboBox*>(comRaceName), static_cast<QComboBox*>(comRRRaceName)})
         combo->setEnabled(true);
 
     racersModel_->SetGrid(&logic.flxRacers);
     ApplyGridLayout(flxRacers, logic.flxRacers);
     flxRacers->horizontalHeader()->setStretchLastSection(false);
-    if (logic.flxRacers.Rows() > logic.flxRacers.FixedRows() && logic.flxRacers.Row() >= logic.flxRacers.FixedRows())
+    if (logic.flxRacers.Rows() > logic.flxRacers.FixedRows() &&
+        logic.flxRacers.Row() >= logic.flxRacers.FixedRows())
         flxRacers->selectRow(logic.flxRacers.Row() - logic.flxRacers.FixedRows());
     flxRacers->setEnabled(true);
 
@@ -502,7 +513,8 @@ void frmRaceCard::Refresh() {
         logic.focus.clear();
     }
     if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText))) QTimer::singleShot(0, e, [e] { e->selectAll(); });
+        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
+            QTimer::singleShot(0, e, [e] { e->selectAll(); });
         logic.selectText.clear();
     }
     refreshing_ = false;

@@ -22,7 +22,7 @@ class GridModel;
 
 // A combo box that says when it is about to drop down, so that its list can be rebuilt first.
 class DropDownCombo : public QComboBox {
-public:
+  public:
     using QComboBox::QComboBox;
     std::function<void()> onDropDown;
     void showPopup() override {
@@ -34,7 +34,7 @@ public:
 class frmRaceCard : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmRaceCard(QWidget* parent = nullptr);
 
     RaceCardLogic logic;
@@ -50,14 +50,14 @@ public:
     // Runs an event of the logic with the general error path, then refreshes.
     void Run(const std::function<void()>& event);
 
-public slots:
+  public slots:
     void reject() override;
 
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
-private:
+  private:
     QLineEdit* Edit(const std::string& name, int width = 0);
     QAbstractButton* Check(const std::string& name);
     QAbstractButton* Option(const std::string& name);

@@ -25,7 +25,8 @@ frmSelectBettor::frmSelectBettor(QWidget* parent) : QDialog(parent) {
     connect(lstBettors, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= -1 && row < logic.lstBettors.ListCount()) logic.lstBettors.SetListIndex(row);
     });
-    connect(lstBettors, &QListWidget::itemDoubleClicked, this, [this] { Run([&] { logic.lstBettors_DblClick(); }); });
+    connect(lstBettors, &QListWidget::itemDoubleClicked, this,
+            [this] { Run([&] { logic.lstBettors_DblClick(); }); });
     h->addWidget(lstBettors);
     auto* v = new QVBoxLayout;
     auto push = [&](const ControlState& s, const char* name, std::function<void()> click) {
@@ -41,7 +42,8 @@ frmSelectBettor::frmSelectBettor(QWidget* parent) : QDialog(parent) {
     push(logic.cmdDelete, "cmdDelete", [this] { logic.cmdDelete_Click(); });
     v->addStretch();
     push(logic.cmdCancel, "cmdCancel", [this] { logic.cmdCancel_Click(); });
-    push(logic.cmdHelp, "cmdHelp", [this] { DisplayContextHelp(AppHelpFile(), help::kSelectBettor, logic.caption); });
+    push(logic.cmdHelp, "cmdHelp",
+         [this] { DisplayContextHelp(AppHelpFile(), help::kSelectBettor, logic.caption); });
     h->addLayout(v);
     Run([&] { logic.Form_Load(); });
 }
@@ -61,7 +63,8 @@ void frmSelectBettor::Refresh() {
     FillList(lstBettors, logic.lstBettors);
     if (logic.lstBettorsScrollTo >= 0 && logic.lstBettorsScrollTo < lstBettors->count())
         lstBettors->scrollToItem(lstBettors->item(logic.lstBettorsScrollTo));
-    if (logic.lstBettors.HasSelection()) lstBettors->scrollToItem(lstBettors->item(logic.lstBettors.ListIndex()));
+    if (logic.lstBettors.HasSelection())
+        lstBettors->scrollToItem(lstBettors->item(logic.lstBettors.ListIndex()));
     if (logic.centerOnScreen && isVisible()) {
         logic.centerOnScreen = false;
         if (QScreen* screen = this->screen()) {

@@ -13,7 +13,7 @@ namespace tt::gui {
 class frmSelectBettor : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmSelectBettor(QWidget* parent = nullptr);
 
     SelectBettorLogic logic;
@@ -21,7 +21,7 @@ public:
     void Refresh();
     void Run(const std::function<void()>& event);
 
-protected:
+  protected:
     void showEvent(QShowEvent* event) override;
 };
 
