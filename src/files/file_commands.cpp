@@ -12,8 +12,9 @@ namespace tt {
 int SaveFileChanges(bool changed) {
     if (!changed) return 0;
     Beep();
-    int answer = MsgBox(std::string("Do you wish to save the changes to file:") + kCrLf + RF.FileName,
-                        Buttons::kYesNoCancel);
+    int answer =
+        MsgBox(std::string("Do you wish to save the changes to file:") + kCrLf + RF.FileName,
+               Buttons::kYesNoCancel);
     if (answer == kYes) mnuFileSave_Click();
     return answer;
 }
@@ -31,7 +32,8 @@ void AddMRU(const std::string& path) {
         G.Mru[0] = path;
     }
     Shell().ShowMru(G.Mru);
-    for (int i = 0; i < 4; ++i) Settings().Set("MRU" + std::to_string(i), G.Mru[static_cast<std::size_t>(i)]);
+    for (int i = 0; i < 4; ++i)
+        Settings().Set("MRU" + std::to_string(i), G.Mru[static_cast<std::size_t>(i)]);
 }
 
 std::string BackupName(const std::string& path) {
@@ -52,9 +54,10 @@ void MakeBackup(const std::string& path) {
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
         if (err.Number() == kErrFileNotFound) return;  // a first save has nothing to back up
-        int answer = MsgBox(JoinParts({"Error in creating backup of current file.",
-                                       std::to_string(err.Number()) + "  " + err.Text(), "Save file anyway?"}),
-                            Buttons::kOKCancel, Icon::kExclamation, {}, 1);
+        int answer = MsgBox(
+            JoinParts({"Error in creating backup of current file.",
+                       std::to_string(err.Number()) + "  " + err.Text(), "Save file anyway?"}),
+            Buttons::kOKCancel, Icon::kExclamation, {}, 1);
         if (answer == kCancel) G.CancelFlag = true;
     }
 }
@@ -80,7 +83,9 @@ std::string TitleText() {
     return "Tamberlin Tally - " + RF.FileName + "   (File ID =" + Str(RF.FileId.Value()) + ")";
 }
 
-void UpdateTitle() { Shell().SetTitle(TitleText()); }
+void UpdateTitle() {
+    Shell().SetTitle(TitleText());
+}
 
 void InitialOpen() {
     G.FilePath = G.LastFile;
@@ -212,8 +217,8 @@ void mnuFileMRU_Click(int index) {
         const std::string caption = G.Mru.at(static_cast<std::size_t>(index));
         if (caption == G.FilePath) {
             Beep();
-            if (MsgBox(JoinParts({"File already open.", "Do you wish to re-open?"}), Buttons::kYesNo,
-                       Icon::kExclamation) == kNo)
+            if (MsgBox(JoinParts({"File already open.", "Do you wish to re-open?"}),
+                       Buttons::kYesNo, Icon::kExclamation) == kNo)
                 return;
         }
         Shell().CloseChildWindows();

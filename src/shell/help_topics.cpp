@@ -11,7 +11,8 @@ const std::vector<HelpTopic>& HelpTopics() {
     static const std::vector<HelpTopic> kTopics = {
         {help::kOverview, "overview.html", "A race day from card to payouts", "Getting started"},
         {help::kInitialOpen, "initial_open.html", "Opening a file at start-up", "Getting started"},
-        {help::kMainWindow, "main_window.html", "The main window, its menus and toolbar", "Getting started"},
+        {help::kMainWindow, "main_window.html", "The main window, its menus and toolbar",
+         "Getting started"},
         {0, "files.html", "Files, backups and recent files", "Getting started"},
         {0, "bet_types.html", "Bet types", "Getting started"},
         {help::kRaceCard, "race_card.html", "Race Card Setup", "The race card"},
@@ -24,22 +25,28 @@ const std::vector<HelpTopic>& HelpTopics() {
         {help::kCopyRacers, "copy_racers.html", "Copy Racers", "The race card"},
         {help::kSelectBettor, "select_bettor.html", "Select a Participant", "Bettors"},
         {help::kEditBettor, "edit_bettor.html", "Edit Bettor", "Bettors"},
-        {help::kImportBettors, "import_bettors.html", "Bring in Bettors from another File", "Bettors"},
+        {help::kImportBettors, "import_bettors.html", "Bring in Bettors from another File",
+         "Bettors"},
         {help::kTransaction, "transaction.html", "Betting Window Transaction", "Taking bets"},
-        {help::kTicketHeader, "ticket_header.html", "Starting, editing and cashing tickets", "Taking bets"},
+        {help::kTicketHeader, "ticket_header.html", "Starting, editing and cashing tickets",
+         "Taking bets"},
         {help::kPlaceBets, "place_bets.html", "Place Bet", "Taking bets"},
         {help::kBetDisplay, "bet_display.html", "Display Bet Pick's", "Taking bets"},
         {help::kCloseTransaction, "close_transaction.html", "Finish Transaction", "Taking bets"},
         {help::kDisplayOdds, "display_odds.html", "Display Odds", "Odds, results and payouts"},
         {help::kEditResults, "edit_results.html", "Edit Results", "Odds, results and payouts"},
-        {help::kPayoutHandling, "payout_handling.html", "Payout Handling", "Odds, results and payouts"},
-        {help::kDisplayPayouts, "display_payouts.html", "Display Payouts", "Odds, results and payouts"},
+        {help::kPayoutHandling, "payout_handling.html", "Payout Handling",
+         "Odds, results and payouts"},
+        {help::kDisplayPayouts, "display_payouts.html", "Display Payouts",
+         "Odds, results and payouts"},
         {help::kListBets, "list_bets.html", "List Bets", "Lists and reports"},
         {help::kPrint, "print.html", "Print", "Lists and reports"},
-        {help::kSelectRaceAndBetType, "select_race_to_print.html", "Select Race to Print", "Lists and reports"},
+        {help::kSelectRaceAndBetType, "select_race_to_print.html", "Select Race to Print",
+         "Lists and reports"},
         {help::kRestore, "restore.html", "Restore from Recovery File", "Recovery"},
         {help::kAbout, "about.html", "About Tamberlin Tally", "About"},
-        {help::kResetMax, "reset_max.html", "Reset Number of Races and Max Bets per Ticket", "About"},
+        {help::kResetMax, "reset_max.html", "Reset Number of Races and Max Bets per Ticket",
+         "About"},
     };
     return kTopics;
 }
@@ -84,8 +91,9 @@ std::vector<std::size_t> SearchHelp(std::string_view query, const std::vector<st
         std::size_t hits = 0;
         bool all = true;
         for (const std::string& w : wanted) {
-            std::size_t n = static_cast<std::size_t>(std::count_if(
-                words.begin(), words.end(), [&](const std::string& x) { return x.starts_with(w); }));
+            std::size_t n = static_cast<std::size_t>(
+                std::count_if(words.begin(), words.end(),
+                              [&](const std::string& x) { return x.starts_with(w); }));
             if (n == 0) {
                 all = false;
                 break;
@@ -94,7 +102,8 @@ std::vector<std::size_t> SearchHelp(std::string_view query, const std::vector<st
         }
         if (all) found.emplace_back(hits, t);
     }
-    std::stable_sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.first > b.first; });
+    std::stable_sort(found.begin(), found.end(),
+                     [](const auto& a, const auto& b) { return a.first > b.first; });
     std::vector<std::size_t> order;
     for (const auto& f : found) order.push_back(f.second);
     return order;

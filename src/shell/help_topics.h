@@ -9,8 +9,8 @@
 namespace tt {
 
 struct HelpTopic {
-    int contextId;      // 0 for a topic that no window names
-    const char* file;   // the page inside the help, such as "overview.html"
+    int contextId;     // 0 for a topic that no window names
+    const char* file;  // the page inside the help, such as "overview.html"
     const char* title;
     const char* group;  // the heading of the contents it stands under
 };

@@ -39,7 +39,9 @@ int Count(const std::vector<std::string>& log, const std::string& entry) {
 
 TEST(FileCommandStates, EachCommandLeavesTheCommandsOfItsState) {
     FakeWorld w;
-    auto state = [&] { return std::pair(w.shell.fileGroup.value_or(false), w.shell.raceGroup.value_or(false)); };
+    auto state = [&] {
+        return std::pair(w.shell.fileGroup.value_or(false), w.shell.raceGroup.value_or(false));
+    };
 
     OpenCard(w, "/c/derby.tly", "Derby Day", true);
     EXPECT_EQ(state(), std::pair(true, true));
@@ -251,8 +253,9 @@ TEST(Backup, AFirstSaveHasNothingToBackUpAndSaysNothing) {
     G.FileChanged = true;
     mnuFileSave_Click();
     EXPECT_TRUE(w.messages.shown.empty());
-    EXPECT_EQ(w.files.log, (std::vector<std::string>{"remove /c/new.bkp", "rename /c/new.tly /c/new.bkp",
-                                                     "write /c/new.tly"}));
+    EXPECT_EQ(w.files.log,
+              (std::vector<std::string>{"remove /c/new.bkp", "rename /c/new.tly /c/new.bkp",
+                                        "write /c/new.tly"}));
     EXPECT_EQ(w.files.files.count("/c/new.bkp"), 0u);
     EXPECT_FALSE(G.FileChanged);
     EXPECT_EQ(w.settings.values["MRU0"], "/c/new.tly");
@@ -269,8 +272,8 @@ TEST(Backup, AFailedBackupAnsweredCancelLeavesTheFileUntouched) {
     mnuFileSave_Click();
     ASSERT_EQ(w.messages.shown.size(), 1u);
     const MessageRequest& box = w.messages.shown[0];
-    EXPECT_EQ(box.text, "Error in creating backup of current file.\n\r\n70  " + ErrorText(kErrPermissionDenied) +
-                            "\n\r\nSave file anyway?");
+    EXPECT_EQ(box.text, "Error in creating backup of current file.\n\r\n70  " +
+                            ErrorText(kErrPermissionDenied) + "\n\r\nSave file anyway?");
     EXPECT_EQ(box.buttons, Buttons::kOKCancel);
     EXPECT_EQ(box.icon, Icon::kExclamation);
     EXPECT_EQ(box.defaultButton, 1);
@@ -331,8 +334,10 @@ TEST(PeriodicPrompt, SaveAfterOneAsksEveryTimeAndZeroNever) {
     w.messages.Clear();
     w.messages.Answer(kCancel);
     for (int i = 0; i < 3; ++i) CountTransactionForSave();
-    EXPECT_EQ(w.messages.Texts(),
-              (std::vector<std::string>{" 3 transactions have been processed.\r\nDo you wish to save your file to disk?"}));
+    EXPECT_EQ(
+        w.messages.Texts(),
+        (std::vector<std::string>{
+            " 3 transactions have been processed.\r\nDo you wish to save your file to disk?"}));
     EXPECT_EQ(G.TransSinceSave, 0);
 }
 

@@ -40,11 +40,13 @@ namespace {
 
 // A child window standing in for one that another part of the program provides.
 class StandIn : public QWidget {
-public:
-    explicit StandIn(QWidget* parent, int helpId) : QWidget(parent) { setProperty("HelpContextID", helpId); }
+  public:
+    explicit StandIn(QWidget* parent, int helpId) : QWidget(parent) {
+        setProperty("HelpContextID", helpId);
+    }
     static inline bool refuse = false;
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* e) override {
         if (refuse) {
             G.CancelFlag = true;
@@ -63,31 +65,59 @@ std::string SavedCard(bool withRace) {
     return text;
 }
 
-const std::vector<std::string> kAlways = {"mnuFileNew", "mnuFileOpen", "mnuFileExit", "mnuViewToolbar",
-                                          "mnuViewStatusBar", "mnuWindowArrangeIcons", "mnuHelpContents",
-                                          "mnuHelpWindow", "mnuHelpSearch", "mnuHelpAbout", "tbMRU", "tbNew",
-                                          "tbOpen", "tbHelp"};
-const std::vector<std::string> kFileOpen = {
-    "tbSave", "tbPrint", "tbCascade", "tbSetupRaceCard", "tbSetupBettors", "mnuFileClose", "mnuFilePageSetup",
-    "mnuFilePrint", "mnuFileSave", "mnuFileSaveAs", "mnuWindowCascade", "mnuWindowTileHorizontal",
-    "mnuWindowTileVertical", "mnuEditSetupRaceCard", "mnuEditSetupBettors", "mnuToolsRestore",
-    "mnuToolsImportBettors"};
-const std::vector<std::string> kRace = {"tbPlaceBets", "tbListBets", "tbDisplayOdds", "tbDisplayPayouts",
-                                        "tbEditResults", "mnuEditPlaceBets", "mnuViewListBets",
-                                        "mnuViewDisplayOdds", "mnuViewDisplayPayouts", "mnuEditResults"};
-const std::vector<std::string> kHidden = {"mnuFilePrintToFile", "mnuToolsRaceCardFile", "mnuToolsImportRaces",
-                                          "mnuToolsResetMax"};
+const std::vector<std::string> kAlways = {"mnuFileNew",
+                                          "mnuFileOpen",
+                                          "mnuFileExit",
+                                          "mnuViewToolbar",
+                                          "mnuViewStatusBar",
+                                          "mnuWindowArrangeIcons",
+                                          "mnuHelpContents",
+                                          "mnuHelpWindow",
+                                          "mnuHelpSearch",
+                                          "mnuHelpAbout",
+                                          "tbMRU",
+                                          "tbNew",
+                                          "tbOpen",
+                                          "tbHelp"};
+const std::vector<std::string> kFileOpen = {"tbSave",
+                                            "tbPrint",
+                                            "tbCascade",
+                                            "tbSetupRaceCard",
+                                            "tbSetupBettors",
+                                            "mnuFileClose",
+                                            "mnuFilePageSetup",
+                                            "mnuFilePrint",
+                                            "mnuFileSave",
+                                            "mnuFileSaveAs",
+                                            "mnuWindowCascade",
+                                            "mnuWindowTileHorizontal",
+                                            "mnuWindowTileVertical",
+                                            "mnuEditSetupRaceCard",
+                                            "mnuEditSetupBettors",
+                                            "mnuToolsRestore",
+                                            "mnuToolsImportBettors"};
+const std::vector<std::string> kRace = {
+    "tbPlaceBets",           "tbListBets",       "tbDisplayOdds",   "tbDisplayPayouts",
+    "tbEditResults",         "mnuEditPlaceBets", "mnuViewListBets", "mnuViewDisplayOdds",
+    "mnuViewDisplayPayouts", "mnuEditResults"};
+const std::vector<std::string> kHidden = {"mnuFilePrintToFile", "mnuToolsRaceCardFile",
+                                          "mnuToolsImportRaces", "mnuToolsResetMax"};
 
 class MainWindow : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         RegisterShellForms();
         const std::pair<const char*, int> standIns[] = {
-            {"frmPrint", help::kPrint},           {"frmRaceCard", help::kRaceCard},
-            {"frmSelectBettor", help::kSelectBettor}, {"frmTransaction", help::kTransaction},
-            {"frmListBets", help::kListBets},     {"frmDisplayOdds", help::kDisplayOdds},
-            {"frmDisplayPayouts", help::kDisplayPayouts}, {"frmEditResults", help::kEditResults},
-            {"frmImportBettors", help::kImportBettors}, {"frmRestore", help::kRestore}};
+            {"frmPrint", help::kPrint},
+            {"frmRaceCard", help::kRaceCard},
+            {"frmSelectBettor", help::kSelectBettor},
+            {"frmTransaction", help::kTransaction},
+            {"frmListBets", help::kListBets},
+            {"frmDisplayOdds", help::kDisplayOdds},
+            {"frmDisplayPayouts", help::kDisplayPayouts},
+            {"frmEditResults", help::kEditResults},
+            {"frmImportBettors", help::kImportBettors},
+            {"frmRestore", help::kRestore}};
         for (auto [name, id] : standIns)
             RegisterForm(name, [id = id](QWidget* p) { return new StandIn(p, id); });
         StandIn::refuse = false;
@@ -124,8 +154,9 @@ protected:
     int LogoButtonsOn() {
         frmLogo* logo = main->Logo();
         int n = 0;
-        for (QPushButton* b : {logo->cmdRaceCard, logo->cmdEditBettors, logo->cmdBettingWindow, logo->cmdListBets,
-                               logo->cmdDisplayOdds, logo->cmdEnterResults, logo->cmdDisplayPayouts})
+        for (QPushButton* b :
+             {logo->cmdRaceCard, logo->cmdEditBettors, logo->cmdBettingWindow, logo->cmdListBets,
+              logo->cmdDisplayOdds, logo->cmdEnterResults, logo->cmdDisplayPayouts})
             n += b->isEnabled() ? 1 : 0;
         return n;
     }
@@ -192,7 +223,8 @@ TEST_F(MainWindow, ToolbarKeysRunTheirCommandsAndDisabledOnesDoNothing) {
     // "MRU" opens the newest recent file, here the open one, which asks first.
     w.messages.Answer(kNo);
     main->tbToolBar_ButtonClick("MRU");
-    EXPECT_EQ(w.messages.Texts(), (std::vector<std::string>{"File already open.\n\r\nDo you wish to re-open?"}));
+    EXPECT_EQ(w.messages.Texts(),
+              (std::vector<std::string>{"File already open.\n\r\nDo you wish to re-open?"}));
 
     main->Action("mnuFileClose")->trigger();
     EXPECT_FALSE(main->Action("tbDisplayOdds")->isEnabled());
@@ -275,13 +307,35 @@ TEST_F(MainWindow, FileCommandsCloseChildrenStopAtARefusalAndBringTheLaunchPadBa
 }
 
 TEST_F(MainWindow, HelpShowsTheTopicOfTheWindowAskingOrTheOverview) {
-    const int ids[] = {help::kOverview, help::kInitialOpen, help::kMainWindow, help::kAbout, help::kResetMax,
-                       help::kRaceCard, help::kRaceCardGeneral, help::kRaceCardDefaults, help::kRaceCardRaces,
-                       help::kRaceCardRacers, help::kRaceCardBackup, help::kEditRacer, help::kCopyRacers,
-                       help::kSelectBettor, help::kEditBettor, help::kTransaction, help::kTicketHeader,
-                       help::kPlaceBets, help::kCloseTransaction, help::kBetDisplay, help::kEditResults,
-                       help::kPayoutHandling, help::kDisplayPayouts, help::kDisplayOdds, help::kListBets,
-                       help::kPrint, help::kSelectRaceAndBetType, help::kRestore, help::kImportBettors};
+    const int ids[] = {help::kOverview,
+                       help::kInitialOpen,
+                       help::kMainWindow,
+                       help::kAbout,
+                       help::kResetMax,
+                       help::kRaceCard,
+                       help::kRaceCardGeneral,
+                       help::kRaceCardDefaults,
+                       help::kRaceCardRaces,
+                       help::kRaceCardRacers,
+                       help::kRaceCardBackup,
+                       help::kEditRacer,
+                       help::kCopyRacers,
+                       help::kSelectBettor,
+                       help::kEditBettor,
+                       help::kTransaction,
+                       help::kTicketHeader,
+                       help::kPlaceBets,
+                       help::kCloseTransaction,
+                       help::kBetDisplay,
+                       help::kEditResults,
+                       help::kPayoutHandling,
+                       help::kDisplayPayouts,
+                       help::kDisplayOdds,
+                       help::kListBets,
+                       help::kPrint,
+                       help::kSelectRaceAndBetType,
+                       help::kRestore,
+                       help::kImportBettors};
     for (int id : ids) {
         DisplayContextHelp(AppHelpFile(), id, "x");
         const HelpTopic* t = HelpTopicFor(id);
@@ -317,7 +371,9 @@ TEST_F(MainWindow, HelpShowsTheTopicOfTheWindowAskingOrTheOverview) {
     DisplayContextHelp(AppHelpFile(), 4999, "Place Bet");
     ASSERT_EQ(w.messages.shown.size(), 2u);
     for (const MessageRequest& m : w.messages.shown) {
-        EXPECT_EQ(m.text, "Unable to display Help Contents. There is no Help associated with this project.");
+        EXPECT_EQ(
+            m.text,
+            "Unable to display Help Contents. There is no Help associated with this project.");
         EXPECT_EQ(m.icon, Icon::kInformation);
         EXPECT_EQ(m.title, "Place Bet");
     }
@@ -339,7 +395,8 @@ TEST_F(MainWindow, HelpViewerGoesBackAndForwardAndSearchesByWord) {
     v->SearchBox()->setText("Scratched field");
     v->RunSearch();
     std::vector<std::string> found;
-    for (int i = 0; i < v->Results()->count(); ++i) found.push_back(S(v->Results()->item(i)->text()));
+    for (int i = 0; i < v->Results()->count(); ++i)
+        found.push_back(S(v->Results()->item(i)->text()));
     EXPECT_NE(std::find(found.begin(), found.end(), "Edit Racer"), found.end());
     EXPECT_EQ(std::find(found.begin(), found.end(), "About Tamberlin Tally"), found.end());
     v->Results()->itemClicked(v->Results()->item(0));
@@ -353,11 +410,13 @@ TEST_F(MainWindow, HelpViewerGoesBackAndForwardAndSearchesByWord) {
 }
 
 TEST(HelpSearch, MatchesTheStartsOfWordsAndRanksByHits) {
-    std::vector<std::string> texts = {"Payouts are rounded down.", "The payout of a payout pool.", "Odds only."};
+    std::vector<std::string> texts = {"Payouts are rounded down.", "The payout of a payout pool.",
+                                      "Odds only."};
     EXPECT_EQ(SearchHelp("payout", texts), (std::vector<std::size_t>{1, 0}));
     EXPECT_EQ(SearchHelp("PAYOUT rounded", texts), (std::vector<std::size_t>{0}));
     EXPECT_TRUE(SearchHelp("  ", texts).empty());
-    EXPECT_EQ(HelpWords("Pick's 5-2, don't"), (std::vector<std::string>{"pick's", "5", "2", "don't"}));
+    EXPECT_EQ(HelpWords("Pick's 5-2, don't"),
+              (std::vector<std::string>{"pick's", "5", "2", "don't"}));
 }
 
 TEST_F(MainWindow, AboutShowsTheVersionAndTheSystemInformation) {
@@ -387,7 +446,8 @@ TEST_F(MainWindow, ResetMaxHasItsControlsDoesNothingAndClosesOnlyByItsFrame) {
     EXPECT_EQ(form.windowTitle(), "Reset Number of Races and Max Bets per Ticket");
     std::vector<QString> labels;
     for (QLabel* l : form.findChildren<QLabel*>()) labels.push_back(l->text());
-    EXPECT_EQ(labels, (std::vector<QString>{"New Number of Races on Card:", "New Max Number of Bets per Ticket:"}));
+    EXPECT_EQ(labels, (std::vector<QString>{"New Number of Races on Card:",
+                                            "New Max Number of Bets per Ticket:"}));
     EXPECT_EQ(form.cmdCancel->text(), "Cancel");
     EXPECT_EQ(form.cmdHelp->text(), "Help");
     for (QPushButton* b : {form.cmdOK, form.cmdCancel, form.cmdHelp}) b->click();
@@ -411,14 +471,16 @@ TEST(MainCommands, PageSetupReportsAFailureAndIgnoresACancel) {
     ports.printer = &failing;
     PortsScope scope(ports);
     mnuFilePageSetup_Click();
-    EXPECT_EQ(w.messages.Texts(), (std::vector<std::string>{"Error in Page Setup.\n\r\nThe printer is out of reach"}));
+    EXPECT_EQ(w.messages.Texts(),
+              (std::vector<std::string>{"Error in Page Setup.\n\r\nThe printer is out of reach"}));
 
     // The betting window needs racers, not only races.
     RF.Race(1).RaceName = "Opener";
     w.messages.Clear();
     mnuEditPlaceBets_Click();
-    EXPECT_EQ(w.messages.Texts(), (std::vector<std::string>{"Race card must be set up before placing bets\r\n"
-                                                            "Please set this parameter using Tools/Setup Race Card"}));
+    EXPECT_EQ(w.messages.Texts(),
+              (std::vector<std::string>{"Race card must be set up before placing bets\r\n"
+                                        "Please set this parameter using Tools/Setup Race Card"}));
     EXPECT_EQ(w.messages.beeps, 1);
     EXPECT_TRUE(w.shell.formsShown.empty());
 }

@@ -16,17 +16,19 @@
 namespace tt::gui {
 
 std::string SystemInfoText() {
-    QSettings settings(QSettings::NativeFormat, QSettings::UserScope, "TamberlinTally", "TamberlinTally");
+    QSettings settings(QSettings::NativeFormat, QSettings::UserScope, "TamberlinTally",
+                       "TamberlinTally");
     std::string recovery = RF.RecoveryFile;
     recovery.erase(0, recovery.find_first_not_of(' '));
     if (!RF.RecoveryFlag || recovery.empty()) recovery = "not in use";
     std::string open = G.FilePath.empty() ? std::string("no file open") : G.FilePath;
-    return "Tamberlin Tally " + S(VersionText()) + kCrLf + kCrLf +                                //
-           "Operating system: " + S(QSysInfo::prettyProductName()) + " (" + S(QSysInfo::kernelType()) + " " +
-           S(QSysInfo::kernelVersion()) + ", " + S(QSysInfo::currentCpuArchitecture()) + ")" + kCrLf +  //
-           "Qt version: " + qVersion() + kCrLf +                                                       //
-           "Settings: " + S(settings.fileName()) + kCrLf +                                             //
-           "Race file: " + open + kCrLf +                                                              //
+    return "Tamberlin Tally " + S(VersionText()) + kCrLf + kCrLf +  //
+           "Operating system: " + S(QSysInfo::prettyProductName()) + " (" +
+           S(QSysInfo::kernelType()) + " " + S(QSysInfo::kernelVersion()) + ", " +
+           S(QSysInfo::currentCpuArchitecture()) + ")" + kCrLf +  //
+           "Qt version: " + qVersion() + kCrLf +                  //
+           "Settings: " + S(settings.fileName()) + kCrLf +        //
+           "Race file: " + open + kCrLf +                         //
            "Recovery file: " + recovery;
 }
 
@@ -45,7 +47,8 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     lblVersion = new QLabel(VersionText(), this);
     lblVersion->setObjectName("lblVersion");
     lblDescription = new QLabel(
-        "A betting manager for private race days: the race card, the betting window, pools and odds, "
+        "A betting manager for private race days: the race card, the betting window, pools and "
+        "odds, "
         "results and payouts, ticket by ticket.",
         this);
     lblDescription->setObjectName("lblDescription");
@@ -61,7 +64,8 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     cmdOK->setDefault(true);
     cmdSysInfo = new QPushButton("&System Info...", this);
     cmdSysInfo->setObjectName("cmdSysInfo");
-    cmdSysInfo->setToolTip("Show the system, the Qt version and where the settings and files live.");
+    cmdSysInfo->setToolTip(
+        "Show the system, the Qt version and where the settings and files live.");
     buttons->addStretch();
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdSysInfo);
@@ -69,7 +73,8 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     setMinimumWidth(Twips(6000));
 
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
-    connect(cmdSysInfo, &QPushButton::clicked, this, [this] { Guard(this, false, [this] { cmdSysInfo_Click(); }); });
+    connect(cmdSysInfo, &QPushButton::clicked, this,
+            [this] { Guard(this, false, [this] { cmdSysInfo_Click(); }); });
 }
 
 void frmAbout::cmdSysInfo_Click() {

@@ -12,7 +12,7 @@ namespace tt::gui {
 class frmAbout : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmAbout(QWidget* parent = nullptr);
     // Shows the operating system, the Qt version, and where the settings and the recovery
     // file live.

@@ -12,7 +12,7 @@ namespace tt::gui {
 class frmResetMax : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmResetMax(QWidget* parent = nullptr);
 
     QLineEdit* txtMaxRaces;
@@ -21,7 +21,7 @@ public:
     QPushButton* cmdCancel;
     QPushButton* cmdHelp;
 
-protected:
+  protected:
     // It closes only by its window frame: Esc does nothing.
     void keyPressEvent(QKeyEvent* event) override;
 };

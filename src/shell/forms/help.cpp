@@ -14,7 +14,9 @@
 #include "shell/help_topics.h"
 
 // The help pages are compiled into the forms library; a static library needs them pulled in.
-static void InitHelpResources() { Q_INIT_RESOURCE(tlyhelp); }
+static void InitHelpResources() {
+    Q_INIT_RESOURCE(tlyhelp);
+}
 
 namespace tt::gui {
 
@@ -27,13 +29,14 @@ QPointer<HelpViewer>& Viewer() {
 
 void NoHelp(const std::string& title) {
     Beep();
-    MsgBox("Unable to display Help Contents. There is no Help associated with this project.", Buttons::kOK,
-           Icon::kInformation, title);
+    MsgBox("Unable to display Help Contents. There is no Help associated with this project.",
+           Buttons::kOK, Icon::kInformation, title);
 }
 
 bool PageExists(const std::string& helpFile, const HelpTopic* topic) {
     static const bool loaded = (InitHelpResources(), true);
-    return loaded && !helpFile.empty() && topic && QFile::exists(":/" + Q(helpFile) + "/" + Q(topic->file));
+    return loaded && !helpFile.empty() && topic &&
+           QFile::exists(":/" + Q(helpFile) + "/" + Q(topic->file));
 }
 
 QWidget* MainWindow() {
@@ -106,17 +109,21 @@ void HelpSteps(QWidget* mainWindow, int contextId, NoChild noChild) {
 
 // F1: the help context of the focused window, its own or that of the nearest window holding it.
 class HelpKey : public QObject {
-protected:
+  protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
+        if (event->type() != QEvent::KeyPress ||
+            static_cast<QKeyEvent*>(event)->key() != Qt::Key_F1)
             return false;
         if (!watched->isWidgetType()) return false;
-        QWidget* w = QApplication::focusWidget() ? QApplication::focusWidget() : static_cast<QWidget*>(watched);
+        QWidget* w = QApplication::focusWidget() ? QApplication::focusWidget()
+                                                 : static_cast<QWidget*>(watched);
         if (w->window() && w->window()->objectName() == "HelpViewer") return true;
         for (QWidget* p = w; p; p = p->parentWidget()) {
             int id = p->property("HelpContextID").toInt();
             if (id != 0) {
-                Guard(p, false, [&] { DisplayContextHelp(AppHelpFile(), id, S(p->window()->windowTitle())); });
+                Guard(p, false, [&] {
+                    DisplayContextHelp(AppHelpFile(), id, S(p->window()->windowTitle()));
+                });
                 return true;
             }
         }
@@ -132,9 +139,15 @@ const std::string& AppHelpFile() {
     return kName;
 }
 
-void DisplayHelp(QWidget* mainWindow, int contextId) { HelpSteps(mainWindow, contextId, NoChild::kContents); }
-void HelpContents(QWidget* mainWindow) { HelpSteps(mainWindow, 0, NoChild::kContents); }
-void HelpSearch(QWidget* mainWindow) { HelpSteps(mainWindow, 0, NoChild::kSearch); }
+void DisplayHelp(QWidget* mainWindow, int contextId) {
+    HelpSteps(mainWindow, contextId, NoChild::kContents);
+}
+void HelpContents(QWidget* mainWindow) {
+    HelpSteps(mainWindow, 0, NoChild::kContents);
+}
+void HelpSearch(QWidget* mainWindow) {
+    HelpSteps(mainWindow, 0, NoChild::kSearch);
+}
 
 void DisplayContextHelp(const std::string& helpFile, int contextId, const std::string& title) {
     if (helpFile.empty()) {
@@ -152,6 +165,8 @@ void InstallHelpKey() {
     qApp->installEventFilter(key);
 }
 
-HelpViewer* CurrentHelpViewer() { return Viewer(); }
+HelpViewer* CurrentHelpViewer() {
+    return Viewer();
+}
 
 }  // namespace tt::gui

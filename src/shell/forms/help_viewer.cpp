@@ -46,7 +46,8 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
     };
     back_ = tool("&Back", QStyle::SP_ArrowBack, "Go back to the topic shown before.");
     forward_ = tool("&Forward", QStyle::SP_ArrowForward, "Go forward again.");
-    QToolButton* home = tool("&Overview", QStyle::SP_DirHomeIcon, "A race day from card to payouts.");
+    QToolButton* home =
+        tool("&Overview", QStyle::SP_DirHomeIcon, "A race day from card to payouts.");
     bar->addStretch();
     layout->addLayout(bar);
 
@@ -118,12 +119,10 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
     });
     connect(find, &QPushButton::clicked, this, &HelpViewer::RunSearch);
     connect(searchBox_, &QLineEdit::returnPressed, this, &HelpViewer::RunSearch);
-    connect(results_, &QListWidget::itemActivated, this, [this](QListWidgetItem* item) {
-        OpenResult(results_->row(item));
-    });
-    connect(results_, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
-        OpenResult(results_->row(item));
-    });
+    connect(results_, &QListWidget::itemActivated, this,
+            [this](QListWidgetItem* item) { OpenResult(results_->row(item)); });
+    connect(results_, &QListWidget::itemClicked, this,
+            [this](QListWidgetItem* item) { OpenResult(results_->row(item)); });
 }
 
 void HelpViewer::ShowTopic(const HelpTopic& topic) {
@@ -138,7 +137,9 @@ void HelpViewer::ShowSearch() {
     searchBox_->selectAll();
 }
 
-std::string HelpViewer::CurrentFile() const { return S(browser_->source().fileName()); }
+std::string HelpViewer::CurrentFile() const {
+    return S(browser_->source().fileName());
+}
 
 const std::vector<std::string>& HelpViewer::Texts() {
     if (texts_.empty()) {

@@ -22,7 +22,7 @@ namespace tt::gui {
 class HelpViewer : public QWidget {
     Q_OBJECT
 
-public:
+  public:
     // `helpName` names the help: its pages are read from ":/<helpName>/".
     explicit HelpViewer(const std::string& helpName, QWidget* parent = nullptr);
 
@@ -41,7 +41,7 @@ public:
     QToolButton* BackButton() const { return back_; }
     QToolButton* ForwardButton() const { return forward_; }
 
-private:
+  private:
     void OpenResult(int row);
     void SelectInContents();
     const std::vector<std::string>& Texts();
