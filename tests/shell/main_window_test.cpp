@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDate>
 #include <QFile>
@@ -186,6 +187,15 @@ TEST_F(MainWindow, CommandsFollowTheThreeStatesAndHiddenEntriesNeverShow) {
     EXPECT_EQ(Enabled(kRace), kRace);
     EXPECT_EQ(LogoButtonsOn(), 7);
     EXPECT_EQ(Enabled(kHidden, true), none);
+    EXPECT_EQ(S(main->windowTitle()), "Tamberlin Tally - Derby Day   (File ID = 77)");
+
+    // Activation looks at the races again.
+    main->EnableRaceGroup(false);
+    main->setWindowTitle("stale");
+    QApplication::setActiveWindow(nullptr);
+    main->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&*main));
+    EXPECT_EQ(Enabled(kRace), kRace);
     EXPECT_EQ(S(main->windowTitle()), "Tamberlin Tally - Derby Day   (File ID = 77)");
 
     // A failed open, and a cancelled one, leave only the first row.
