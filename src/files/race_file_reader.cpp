@@ -109,30 +109,60 @@ BetRec& NextBetSlot(FieldReader& in) {
     return RF.Bet(G.CurrentRace, G.CurrentBet);
 }
 
-void WidenTicketRange(TicketRec& t) {
-    if (t.FirstBet == 0 || t.FirstBet > G.CurrentBet) t.FirstBet = G.CurrentBet;
-    if (t.LastBet == 0 || t.LastBet < G.CurrentBet) t.LastBet = G.CurrentBet;
+// The copy of its ticket that a bet carries. On a large card the ticket is seldom in the cache:
+// the reader asks for it as soon as it knows the index, and writes the copy, widens the range
+// of slots and sets the bettor some bets later, in the order of the bets. Before anything else
+// may look at the tickets (a %Parms record resizes them, the loop ends or fails) the waiting
+// copies are written.
+struct TicketCopy {
+    std::int32_t ticket;
+    std::int32_t bet;
+    std::int16_t bettor;
+    std::int16_t race;
+    std::int32_t nbr;
+    Currency cost, collected, distributed, winnings;
+    int fields;  // how many of the six fields were read
+};
+
+void WriteCopy(const TicketCopy& c) {
+    TicketRec& t = RF.Ticket(c.ticket);
+    if (c.fields > 0) t.TicketNbr = c.nbr;
+    if (c.fields > 1) t.TicketRace = c.race;
+    if (c.fields > 2) t.TicketCost = c.cost;
+    if (c.fields > 3) t.Collected = c.collected;
+    if (c.fields > 4) t.Distributed = c.distributed;
+    if (c.fields > 5) t.Winnings = c.winnings;
+    if (c.fields < 6) return;  // the bet failed while its ticket was being read
+    if (t.FirstBet == 0 || t.FirstBet > c.bet) t.FirstBet = c.bet;
+    if (t.LastBet == 0 || t.LastBet < c.bet) t.LastBet = c.bet;
+    t.TicketBettor = c.bettor;
 }
 
-// A ticket lies anywhere in its table, and a large card's table does not stay in the cache:
-// while one bet is read, fetch the ticket of the next one. That ticket index is the 7th field
-// of the second line of the next "%Bet" record; anything else is left alone.
-void PrefetchNextTicket(const FieldReader& in) {
-    const std::string_view rest = in.Rest();
-    const std::size_t n = std::min<std::size_t>(rest.size(), 200);
-    if (n < 64 || rest.compare(0, 10, "\"%Bet   `\"") != 0) return;
-    std::size_t p = 10;
-    while (p < n && rest[p] != '\n') ++p;
-    for (int commas = 0; commas < 6 && p < n; ++p)
-        if (rest[p] == ',') ++commas;
-    std::int64_t idx = 0;
-    int digits = 0;
-    for (; p < n && digits < 9 && rest[p] >= '0' && rest[p] <= '9'; ++p, ++digits)
-        idx = idx * 10 + (rest[p] - '0');
-    if (digits > 0 && idx <= RF.Ticket.UBound()) __builtin_prefetch(&RF.Ticket(idx), 1);
-}
+class PendingTickets {
+public:
+    void Add(const TicketCopy& c) {
+        if (count_ == kSize) WriteOldest();
+        ring_[(first_ + count_) % kSize] = c;
+        ++count_;
+    }
+    void Flush() {
+        while (count_ > 0) WriteOldest();
+    }
 
-void ReadBet20(FieldReader& in) {
+private:
+    static constexpr int kSize = 16;
+    void WriteOldest() {
+        const TicketCopy& c = ring_[first_];
+        first_ = (first_ + 1) % kSize;
+        --count_;
+        WriteCopy(c);
+    }
+    TicketCopy ring_[kSize] = {};
+    int first_ = 0;
+    int count_ = 0;
+};
+
+void ReadBet20(FieldReader& in, PendingTickets& pending) {
     if (G.CurrentBettor <= 0) {
         OutOfOrder("Bet info found out of order in file!");
         return;
@@ -151,17 +181,35 @@ void ReadBet20(FieldReader& in) {
     for (int k = 1; k <= 6; ++k) b.Pick(k) = in.ReadInt16();
     b.TicketIdx = in.ReadInt32();
     G.CurrentTicket = b.TicketIdx;
-    TicketRec& t = RF.Ticket(G.CurrentTicket);
-    t.TicketNbr = in.ReadInt32();
-    t.TicketRace = in.ReadInt16();
-    t.TicketCost = in.ReadCurrency();
-    t.Collected = in.ReadCurrency();
-    t.Distributed = in.ReadCurrency();
-    t.Winnings = in.ReadCurrency();
-    WidenTicketRange(t);
-    t.TicketBettor = G.CurrentBettor;
-    PrefetchNextTicket(in);
+    __builtin_prefetch(&RF.Ticket(G.CurrentTicket), 1);
+
+    TicketCopy c{};
+    c.ticket = G.CurrentTicket;
+    try {
+        c.nbr = in.ReadInt32();
+        c.fields = 1;
+        c.race = in.ReadInt16();
+        c.fields = 2;
+        c.cost = in.ReadCurrency();
+        c.fields = 3;
+        c.collected = in.ReadCurrency();
+        c.fields = 4;
+        c.distributed = in.ReadCurrency();
+        c.fields = 5;
+        c.winnings = in.ReadCurrency();
+        c.fields = 6;
+    } catch (...) {
+        // What was read of the ticket is in it, as if each field had gone straight there.
+        pending.Flush();
+        WriteCopy(c);
+        throw;
+    }
+    c.bet = G.CurrentBet;
+    c.bettor = G.CurrentBettor;
+    pending.Add(c);
 }
+
+void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pending);
 
 void ReadParms20(FieldReader& in) {
     RF.FileId = in.ReadInt16();
@@ -192,6 +240,19 @@ void ReadParms20(FieldReader& in) {
 }  // namespace
 
 void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
+    PendingTickets pending;
+    try {
+        ReadRecords20(in, progress, pending);
+    } catch (...) {
+        pending.Flush();
+        throw;
+    }
+    pending.Flush();
+}
+
+namespace {
+
+void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pending) {
     while (!in.AtEnd()) {
         std::string_view f = in.Next();
         Tag tag = TagOf(f);
@@ -199,7 +260,10 @@ void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
         progress.field.assign(f);
         ++progress.count;
         switch (tag) {
-            case Tag::kParms: ReadParms20(in); break;
+            case Tag::kParms:
+                pending.Flush();
+                ReadParms20(in);
+                break;
             case Tag::kRace: {
                 G.CurrentRace = in.ReadInt16();
                 G.CurrentRacer = 0;
@@ -212,15 +276,13 @@ void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
             }
             case Tag::kRacer: ReadRacer(in); break;
             case Tag::kBettor: ReadBettor(in); break;
-            case Tag::kBet: ReadBet20(in); break;
+            case Tag::kBet: ReadBet20(in, pending); break;
             case Tag::kPayout: ReadPayout(in); break;
             case Tag::kHeader:
             case Tag::kNone: break;
         }
     }
 }
-
-namespace {
 
 // The settings that version 1.0 did not have, set again before every field.
 void Defaults10() {

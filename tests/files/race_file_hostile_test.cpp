@@ -108,6 +108,22 @@ TEST(RaceFileHostile, RaceNumbersOutOfRange) {
     EXPECT_EQ(RF.Payout(21, 1, 1).PayRatio, 1.5);
 }
 
+TEST(RaceFileHostile, FailingBetKeepsWhatWasRead) {
+    FakeWorld world;
+    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + BettorLine("Ann") + BetLines("1", 1) +
+                         "\"%Bet   `\",1,2,1,#FALSE#,2,0,0,0,0,0,0\r\n3,0,0,0,0,0,1,555,1,x,2,0,0\r\n");
+    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{LoopError("%Bet   `", 5, "Type mismatch")});
+    // The second copy of ticket 1 got as far as its race; its range and bettor were not set.
+    const TicketRec& t = RF.Ticket(1);
+    EXPECT_EQ(t.TicketNbr, 555);
+    EXPECT_EQ(t.TicketCost, Currency::FromInt(2));
+    EXPECT_EQ(t.Collected, Currency::FromInt(2));
+    EXPECT_EQ(t.FirstBet, 1);
+    EXPECT_EQ(t.LastBet, 1);
+    EXPECT_EQ(t.TicketBettor, 1);
+    EXPECT_EQ(RF.Race(1).BetCount, 2);
+}
+
 TEST(RaceFileHostile, HugeAndUnclosedTexts) {
     FakeWorld world;
     const std::string name(3'000'000, 'n');
