@@ -386,6 +386,9 @@ namespace {
 
 void EndRead() { Shell().SetBusy(false); }
 
+// The number of a cancelled dialog is never reported: its handler only restores the pointer.
+bool CancelledDialog(const AppError& err) { return err.Number() == kErrCancel; }
+
 }  // namespace
 
 void OpenRaceFile() {
@@ -403,9 +406,11 @@ void OpenRaceFile() {
         data = Files().ReadAll(G.FilePath);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
-        Beep();
-        MsgBox(JoinParts({"Unable to read file", err.Text()}));
-        G.FilePath.clear();
+        if (!CancelledDialog(err)) {
+            Beep();
+            MsgBox(JoinParts({"Unable to read file", err.Text()}));
+            G.FilePath.clear();
+        }
         EndRead();
         return;
     }
@@ -454,11 +459,11 @@ void OpenRaceFile() {
         }
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
-        if (err.Number() != kErrCancel) {
+        if (!CancelledDialog(err)) {
             Beep();
             MsgBox(JoinParts({"Error in processing the " + lastField + " record.", err.Text()}));
+            G.FilePath.clear();
         }
-        G.FilePath.clear();
         EndRead();
         return;
     }
@@ -469,11 +474,11 @@ void OpenRaceFile() {
             ReadRaceFile10(in, progress);
         } catch (const std::exception& e) {
             AppError err = ToAppError(e);
-            if (err.Number() != kErrCancel) {
+            if (!CancelledDialog(err)) {
                 Beep();
                 MsgBox(JoinParts({"Error in processing the " + progress.field + " record.", err.Text()}));
+                G.FilePath.clear();
             }
-            G.FilePath.clear();
             EndRead();
         }
     } else {
@@ -481,14 +486,14 @@ void OpenRaceFile() {
             ReadRaceFile20(in, progress);
         } catch (const std::exception& e) {
             AppError err = ToAppError(e);
-            if (err.Number() != kErrCancel) {
+            if (!CancelledDialog(err)) {
                 Beep();
                 MsgBox(JoinParts({"Error in processing the " + progress.field + " record.  Count = " +
                                       Str(progress.count),
                                   err.Text(),
                                   "File cannot be opened.  See the Help system for Tech Support information."}));
+                G.CancelFlag = true;
             }
-            G.CancelFlag = true;
             EndRead();
         }
     }
@@ -508,10 +513,12 @@ void OpenRaceFile() {
         SetCurrentRaceToDefault();
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
-        MsgBox(JoinParts({"Unexpected error processing file!", "File has been closed!",
-                          "Error: " + std::to_string(err.Number()) + " - " + err.Text()}),
-               Buttons::kOK, Icon::kExclamation);
-        G.FilePath.clear();
+        if (!CancelledDialog(err)) {
+            MsgBox(JoinParts({"Unexpected error processing file!", "File has been closed!",
+                              "Error: " + std::to_string(err.Number()) + " - " + err.Text()}),
+                   Buttons::kOK, Icon::kExclamation);
+            G.FilePath.clear();
+        }
     }
     EndRead();
 }

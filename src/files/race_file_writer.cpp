@@ -382,8 +382,10 @@ void WriteRaceFile() {
         Files().WriteAll(G.FilePath, buffer.View());
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
-        Beep();
         Shell().SetBusy(false);
+        // The number of a cancelled dialog is never reported.
+        if (err.Number() == kErrCancel) return;
+        Beep();
         MsgBox(JoinParts({"Error saving file", err.Text()}));
         G.CancelFlag = true;
         return;

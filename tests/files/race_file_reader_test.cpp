@@ -133,6 +133,14 @@ TEST(RaceFileReader, NoFileAndUnreadableFile) {
     EXPECT_EQ(world.messages.beeps, 1);
     EXPECT_EQ(G.FilePath, "");
     EXPECT_FALSE(world.shell.busy);
+
+    // The number of a cancelled dialog is never reported.
+    world.messages.Clear();
+    world.files.failRead[kCardPath] = kErrCancel;
+    LoadBytes(world, Card());
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(G.FilePath, kCardPath);
+    EXPECT_FALSE(world.shell.busy);
 }
 
 TEST(RaceFileReader, RacersAndBetsOutOfOrder) {
