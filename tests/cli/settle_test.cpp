@@ -42,7 +42,9 @@ void WriteFile(const std::string& path, const std::string& text) {
     std::ofstream(path, std::ios::binary) << text;
 }
 
-std::string WithoutHeader(const std::string& text) { return text.substr(text.find("\r\n")); }
+std::string WithoutHeader(const std::string& text) {
+    return text.substr(text.find("\r\n"));
+}
 
 const DateTime kSaved{2026, 5, 2, 14, 30, 0};
 
@@ -124,15 +126,28 @@ std::string SmallCard() {
         tk.Collected = tk.TicketCost;
     };
     ticket(1, 1,
-           {{1, 2, {1}}, {2, 2, {2}}, {3, 2, {3}}, {11, 2, {2}}, {4, 2, {1, 2}}, {4, 1, {2, 3, 4}, true},
-            {5, 1, {1, 2, 3}}, {6, 2, {2, 1}}});
-    ticket(1, 2, {{1, 5, {2}}, {1, 3, {3}}, {2, 4, {1}}, {3, 2, {1}}, {4, 2, {3, 2}}, {5, 2, {2, 3, 1}}, {6, 2, {1, 3}}});
+           {{1, 2, {1}},
+            {2, 2, {2}},
+            {3, 2, {3}},
+            {11, 2, {2}},
+            {4, 2, {1, 2}},
+            {4, 1, {2, 3, 4}, true},
+            {5, 1, {1, 2, 3}},
+            {6, 2, {2, 1}}});
+    ticket(1, 2,
+           {{1, 5, {2}},
+            {1, 3, {3}},
+            {2, 4, {1}},
+            {3, 2, {1}},
+            {4, 2, {3, 2}},
+            {5, 2, {2, 3, 1}},
+            {6, 2, {1, 3}}});
     ticket(2, 2, {{1, 2, {1}}, {1, 2, {2}}, {2, 2, {3}}, {3, 2, {4}}});
     return BuildRaceFileText(kSaved);
 }
 
 class Settle : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         card = dir.filePath("card.tly").toStdString();
         out = dir.filePath("out.tly").toStdString();
@@ -175,21 +190,26 @@ TEST_F(Settle, ResultStoredAndPaidWithEachHandling) {
               "Bet #\tWin\tPlace\tShow\n0\t \t \t \n0\t \t \t \n0\t \t \t \n"
               "Bet Type\tWins\n");
 
-    for (auto [flag, shown] : {std::pair{"payback", "Payback"}, {"nopay", "No Pay"}, {"most", "9.00"}}) {
+    for (auto [flag, shown] :
+         {std::pair{"payback", "Payback"}, {"nopay", "No Pay"}, {"most", "9.00"}}) {
         SCOPED_TRACE(flag);
-        r = Tally({"settle", card, "--race", "1", "--result", "3,1,4,0,0", "--handling", flag, "-o", out});
+        r = Tally({"settle", card, "--race", "1", "--result", "3,1,4,0,0", "--handling", flag, "-o",
+                   out});
         ASSERT_EQ(r.rc, 0) << r.err;
         const std::string text = Payouts(1);
-        EXPECT_NE(text.find(std::string("Exacta - 2, 1 ( 1 correct)\t") + shown + "\n"), std::string::npos)
+        EXPECT_NE(text.find(std::string("Exacta - 2, 1 ( 1 correct)\t") + shown + "\n"),
+                  std::string::npos)
             << text;
     }
 
     // Nobody bet Delta to win: Pay on most correct picks is not offered, so --handling most
     // keeps the dialog's own Payback; No Pay is taken.
-    r = Tally({"settle", card, "--race", "1", "--result", "5,3,4,0,0", "--handling", "most", "-o", out});
+    r = Tally(
+        {"settle", card, "--race", "1", "--result", "5,3,4,0,0", "--handling", "most", "-o", out});
     ASSERT_EQ(r.rc, 0) << r.err;
     EXPECT_NE(Payouts(1).find("\n4\tPayback\t"), std::string::npos);
-    r = Tally({"settle", card, "--race", "1", "--result", "5,3,4,0,0", "--handling", "nopay", "-o", out});
+    r = Tally(
+        {"settle", card, "--race", "1", "--result", "5,3,4,0,0", "--handling", "nopay", "-o", out});
     ASSERT_EQ(r.rc, 0) << r.err;
     EXPECT_NE(Payouts(1).find("\n4\tNo Pay\t"), std::string::npos);
 
@@ -213,10 +233,13 @@ TEST_F(Settle, RefusedChecksPrintTheirMessageAndSaveNothing) {
         {"3,4,3,0,0", "Same Racer cannot finish in two positions!\n"},
         // Alpha and Alpha Too are one bet number: there is no second finisher.
         {"1,2,0,0,0",
-         "Place, Show, Exacta, and/or Trifecta bets allowed.\n\r2nd place finisher must be entered\n\ror those "
-         "bets disallowed in the Race Card.\n\r(Remember that a bet number will only be used for one position.)\n"},
+         "Place, Show, Exacta, and/or Trifecta bets allowed.\n\r2nd place finisher must be "
+         "entered\n\ror those "
+         "bets disallowed in the Race Card.\n\r(Remember that a bet number will only be used for "
+         "one position.)\n"},
         {"1,3,2,0,0",
-         "Show and/or Trifecta bets allowed.\n\r3rd place finisher must be entered\n\ror those bets disallowed in "
+         "Show and/or Trifecta bets allowed.\n\r3rd place finisher must be entered\n\ror those "
+         "bets disallowed in "
          "the Race Card.\n\r(Remember that a bet number will only be used for one position.)\n"},
         {"9,0,0,0,0", "tally: racer slot 9 cannot finish race 1\n"},
     };
@@ -233,21 +256,24 @@ TEST_F(Settle, RefusedChecksPrintTheirMessageAndSaveNothing) {
     for (const char* bet : {"\"%Bet   `\",1,2,1,#FALSE#,2,", "\"%Bet   `\",1,5,1,#FALSE#,5,"}) {
         std::size_t at = huge.find(bet);
         ASSERT_NE(at, std::string::npos) << bet;
-        huge.replace(at, std::string(bet).size(), "\"%Bet   `\",1,900000000000000,1,#FALSE#,900000000000000,");
+        huge.replace(at, std::string(bet).size(),
+                     "\"%Bet   `\",1,900000000000000,1,#FALSE#,900000000000000,");
     }
     WriteFile(card, huge);
     TallyRun overflow = Tally({"settle", card, "--race", "1", "--result", "3,1,4,0,0"});
     EXPECT_EQ(overflow.rc, 1);
     EXPECT_EQ(overflow.err,
-              "The system has detected an unexpected error.\r\nError # 6:  Overflow, Source:  TamberlinTally\n");
+              "The system has detected an unexpected error.\r\nError # 6:  Overflow, Source:  "
+              "TamberlinTally\n");
     EXPECT_EQ(ReadFile(card), huge);
 
     TallyRun r = Tally({"settle", card, "--race", "7"});
     EXPECT_EQ(r.rc, 1);
     EXPECT_EQ(r.err, "tally: no race 7 on this card\n");
-    for (std::vector<std::string> bad : {std::vector<std::string>{"settle", card, "--race", "1", "--handling", "all"},
-                                         {"settle", card, "--race", "1", "--result", "1,2"},
-                                         {"settle", card}}) {
+    for (std::vector<std::string> bad :
+         {std::vector<std::string>{"settle", card, "--race", "1", "--handling", "all"},
+          {"settle", card, "--race", "1", "--result", "1,2"},
+          {"settle", card}}) {
         EXPECT_EQ(Tally(bad).rc, 2);
     }
 }
@@ -300,13 +326,14 @@ TEST_F(Settle, SameFileAsTheResultsWindow) {
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(std::string(c.path) + " " + c.result);
-        std::vector<std::string> args{"settle", c.path, "--race", std::to_string(c.race), "--result", c.result, "-o",
-                                      out};
+        std::vector<std::string> args{"settle",   c.path,   "--race", std::to_string(c.race),
+                                      "--result", c.result, "-o",     out};
         if (c.flag) args.insert(args.end(), {"--handling", c.flag});
         TallyRun r = Tally(args);
         ASSERT_EQ(r.rc, 0) << r.err;
-        EXPECT_EQ(WithoutHeader(ReadFile(out)),
-                  WithoutHeader(SettledByTheWindow(ReadFile(c.path), c.race, c.finish, c.handling)));
+        EXPECT_EQ(
+            WithoutHeader(ReadFile(out)),
+            WithoutHeader(SettledByTheWindow(ReadFile(c.path), c.race, c.finish, c.handling)));
     }
 }
 

@@ -25,7 +25,7 @@ namespace {
 using gui::Twips;
 
 class PayoutForms : public PayoutCard {
-protected:
+  protected:
     void SetUp() override {
         PayoutCard::SetUp();
         Race(1, {1}, {1, 2});
@@ -76,7 +76,8 @@ TEST_F(PayoutForms, DisplayFollowsACalculationKeepsItsPlaceAndStopsAtIntervalZer
 
     window->resize(700, 500);
     window->close();
-    EXPECT_EQ(world.settings.writes, (std::vector<std::string>{"PayLeft", "PayTop", "PayWidth", "PayHeight"}));
+    EXPECT_EQ(world.settings.writes,
+              (std::vector<std::string>{"PayLeft", "PayTop", "PayWidth", "PayHeight"}));
     EXPECT_EQ(world.settings.values["PayWidth"], NumText(gui::ToTwips(700)));
     delete window;
 
@@ -124,7 +125,8 @@ TEST_F(PayoutForms, EditResultsPaintsTwiceChosenRacersAndHidesBeforeTheCalculati
     QComboBox* a = choose(1, 3);
     QComboBox* b = choose(2, 3);
     Child<QPushButton>(form, "cmdOK")->click();
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Same Racer cannot finish in two positions!"});
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Same Racer cannot finish in two positions!"});
     EXPECT_FALSE(a->styleSheet().isEmpty());
     EXPECT_FALSE(b->styleSheet().isEmpty());
     choose(2, 1);

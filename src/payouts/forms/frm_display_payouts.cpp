@@ -155,7 +155,8 @@ frmDisplayPayouts::frmDisplayPayouts(QWidget* parent) : QWidget(parent) {
     connect(txtInterval, &QLineEdit::textEdited, this,
             [this](const QString& text) { Run([&] { logic.txtInterval.text = S(text); }); });
     connect(cmdEditResults, &QPushButton::clicked, this, [this] { EditResults(); });
-    connect(cmdCancel, &QPushButton::clicked, this, [this] { Run([this] { logic.cmdCancel_Click(); }); });
+    connect(cmdCancel, &QPushButton::clicked, this,
+            [this] { Run([this] { logic.cmdCancel_Click(); }); });
 
     Timer1 = new QTimer(this);
     Timer1->setObjectName("Timer1");
@@ -191,7 +192,8 @@ void frmDisplayPayouts::Refresh() {
     fraPayouts->setTitle(Q(logic.fraPayouts.text));
     fraAutoRun->setTitle(Q(logic.fraAutoRun.text));
     fraOnOff->setTitle(Q(logic.fraOnOff.text));
-    for (int k = 1; k <= 5; ++k) Apply(txtRacerName[static_cast<std::size_t>(k)], logic.txtRacerName(k));
+    for (int k = 1; k <= 5; ++k)
+        Apply(txtRacerName[static_cast<std::size_t>(k)], logic.txtRacerName(k));
 
     wpsModel_->SetGrid(&logic.flxWPS);
     ApplyGridLayout(flxWPS, logic.flxWPS);
@@ -265,7 +267,8 @@ void frmDisplayPayouts::SavePlacement() {
     if (frame->isMinimized() || frame->isMaximized()) return;
     const QRect g = frame->geometry();
     Guard(this, false, [&] {
-        DisplayPayoutsLogic::SavePlacement({ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())});
+        DisplayPayoutsLogic::SavePlacement(
+            {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())});
     });
 }
 

@@ -25,23 +25,23 @@ class GridModel;
 class frmDisplayPayouts : public QWidget {
     Q_OBJECT
 
-public:
+  public:
     explicit frmDisplayPayouts(QWidget* parent = nullptr);
 
     DisplayPayoutsLogic logic;
     void Refresh();
 
-public slots:
+  public slots:
     // The main window brings an open payout display to the front: it shows the race that a
     // payout calculation displayed since, or else stays as it is.
     void RefreshContents();
 
-protected:
+  protected:
     void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+  private:
     void Run(const std::function<void()>& event);
     // Record Results: this window unloads before Edit Results opens.
     void EditResults();

@@ -84,9 +84,11 @@ frmEditResults::frmEditResults(QWidget* parent) : QDialog(parent) {
     v->addLayout(buttons);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(cmdClear, &QPushButton::clicked, this, [this] { Run([this] { logic.cmdClear_Click(); }); });
+    connect(cmdClear, &QPushButton::clicked, this,
+            [this] { Run([this] { logic.cmdClear_Click(); }); });
     connect(cmdOK, &QPushButton::clicked, this, [this] { Run([this] { logic.cmdOK_Click(); }); });
-    connect(cmdCancel, &QPushButton::clicked, this, [this] { Run([this] { logic.cmdCancel_Click(); }); });
+    connect(cmdCancel, &QPushButton::clicked, this,
+            [this] { Run([this] { logic.cmdCancel_Click(); }); });
     connect(cmdHelp, &QPushButton::clicked, this, [this] {
         Run([this] { DisplayContextHelp(AppHelpFile(), help::kEditResults, logic.caption); });
     });
@@ -109,7 +111,8 @@ void frmEditResults::Refresh() {
         QComboBox* box = comRacerName[static_cast<std::size_t>(k)];
         FillCombo(box, state.list);
         // Red marks a racer entered in two positions until that list changes or OK is pressed.
-        box->setStyleSheet(state.backColor == kColorWhite ? QString() : QString("QComboBox { background: red; }"));
+        box->setStyleSheet(
+            state.backColor == kColorWhite ? QString() : QString("QComboBox { background: red; }"));
     }
     Apply(lblClear, logic.lblClear);
     Apply(cmdClear, logic.cmdClear);

@@ -17,21 +17,21 @@ namespace tt::gui {
 class frmEditResults : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmEditResults(QWidget* parent = nullptr);
 
     EditResultsLogic logic;
     void Refresh();
 
-public slots:
+  public slots:
     // The window frame: the keep-changes question.
     void reject() override;
 
-protected:
+  protected:
     // Esc is Cancel.
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void Run(const std::function<void()>& event);
 
     QComboBox* comRaceName;

@@ -17,17 +17,17 @@ namespace tt::gui {
 class frmPayoutHandling : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmPayoutHandling(QWidget* parent = nullptr);
 
     PayoutHandlingLogic logic;
     void Refresh();
 
-protected:
+  protected:
     // Esc does nothing: only OK answers, or the window frame closes without an answer.
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     void Run(const std::function<void()>& event);
 
     QLabel* Label1;

@@ -7,8 +7,10 @@ namespace tt::gui {
 
 void RegisterPayoutForms() {
     RegisterForm("frmEditResults", [](QWidget* parent) { return new frmEditResults(parent); });
-    RegisterForm("frmPayoutHandling", [](QWidget* parent) { return new frmPayoutHandling(parent); });
-    RegisterForm("frmDisplayPayouts", [](QWidget* parent) { return new frmDisplayPayouts(parent); });
+    RegisterForm("frmPayoutHandling",
+                 [](QWidget* parent) { return new frmPayoutHandling(parent); });
+    RegisterForm("frmDisplayPayouts",
+                 [](QWidget* parent) { return new frmDisplayPayouts(parent); });
 }
 
 }  // namespace tt::gui
