@@ -61,6 +61,63 @@ inline char* PutDigits(char* d, std::uint64_t v) {
     return std::to_chars(d, d + 20, v).ptr;
 }
 
+// The fields, each followed by its comma, written at d; they return the end. The caller makes
+// room first: at most kMaxNumber bytes for a number.
+constexpr std::size_t kMaxNumber = 24;
+
+inline char* PutInt(char* d, std::int64_t v) {
+    std::uint64_t a = static_cast<std::uint64_t>(v);
+    if (v < 0) {
+        *d++ = '-';
+        a = ~a + 1;
+    }
+    d = PutDigits(d, a);
+    *d = ',';
+    return d + 1;
+}
+
+// Up to four decimals, no trailing zeros, no point when the amount is whole.
+inline char* PutMoney(char* d, Currency c) {
+    const std::int64_t raw = c.Raw();
+    if (raw == 0) {  // most winnings and parts of a bet
+        d[0] = '0';
+        d[1] = ',';
+        return d + 2;
+    }
+    std::uint64_t a = static_cast<std::uint64_t>(raw);
+    if (raw < 0) {
+        *d++ = '-';
+        a = ~a + 1;
+    }
+    d = PutDigits(d, a / 10000);
+    if (unsigned frac = static_cast<unsigned>(a % 10000)) {
+        *d = '.';
+        std::memcpy(d + 1, kDigitPairs + 2 * (frac / 100), 2);
+        std::memcpy(d + 3, kDigitPairs + 2 * (frac % 100), 2);
+        // Without the trailing zeros: ".5", ".25", ".125", ".0625".
+        d += frac % 100 ? (frac % 10 ? 5 : 4) : (frac % 1000 ? 3 : 2);
+    }
+    *d = ',';
+    return d + 1;
+}
+
+inline char* PutFlag(char* d, Flag f) {
+    if (f) {
+        std::memcpy(d, "#TRUE#,", 7);
+        return d + 7;
+    }
+    std::memcpy(d, "#FALSE#,", 8);
+    return d + 8;
+}
+
+// The line end in place of the comma after the last field, or after a trailing comma.
+inline char* PutEnd(char* d, bool trailingComma) {
+    if (!trailingComma) --d;
+    d[0] = '\r';
+    d[1] = '\n';
+    return d + 2;
+}
+
 // Writes the fields of the lines. Every field is followed by its comma; the line end takes
 // the place of the last one, except where the format keeps a trailing comma. What was written
 // is handed back to the buffer at every line end and when the writer goes, also on an error.
@@ -72,8 +129,14 @@ public:
     LineWriter& operator=(const LineWriter&) = delete;
 
     void Reserve(std::size_t n) { Room(n); }
+    // A place for n bytes, to be written in one go and handed back with Done.
+    char* Take(std::size_t n) {
+        Room(n);
+        return cur_;
+    }
+    void Done(char* end) { cur_ = end; }
 
-    [[gnu::always_inline]] LineWriter& Text(std::string_view s) {
+    LineWriter& Text(std::string_view s) {
         Room(s.size() + 3);
         char* d = cur_;
         *d++ = '"';
@@ -84,42 +147,14 @@ public:
         cur_ = d;
         return *this;
     }
-    [[gnu::always_inline]] LineWriter& Int(std::int64_t v) {
-        Room(24);
-        char* d = cur_;
-        std::uint64_t a = static_cast<std::uint64_t>(v);
-        if (v < 0) {
-            *d++ = '-';
-            a = ~a + 1;
-        }
-        d = PutDigits(d, a);
-        *d++ = ',';
-        cur_ = d;
+    LineWriter& Int(std::int64_t v) {
+        Room(kMaxNumber);
+        cur_ = PutInt(cur_, v);
         return *this;
     }
-    // Up to four decimals, no trailing zeros, no point when the amount is whole.
-    [[gnu::always_inline]] LineWriter& Money(Currency c) {
-        Room(32);
-        char* d = cur_;
-        const std::int64_t raw = c.Raw();
-        std::uint64_t a = static_cast<std::uint64_t>(raw);
-        if (raw < 0) {
-            *d++ = '-';
-            a = ~a + 1;
-        }
-        d = PutDigits(d, a / 10000);
-        if (unsigned frac = static_cast<unsigned>(a % 10000)) {
-            char f[4];
-            std::memcpy(f, kDigitPairs + 2 * (frac / 100), 2);
-            std::memcpy(f + 2, kDigitPairs + 2 * (frac % 100), 2);
-            int len = 4;
-            while (f[len - 1] == '0') --len;
-            *d++ = '.';
-            std::memcpy(d, f, 4);
-            d += len;
-        }
-        *d++ = ',';
-        cur_ = d;
+    LineWriter& Money(Currency c) {
+        Room(kMaxNumber);
+        cur_ = PutMoney(cur_, c);
         return *this;
     }
     LineWriter& Single(float f) {
@@ -132,15 +167,16 @@ public:
         AppendFileNumber(scratch_, v);
         return Raw(scratch_);
     }
-    LineWriter& Bool(Flag f) { return f ? Raw("#TRUE#") : Raw("#FALSE#"); }
+    LineWriter& Bool(Flag f) {
+        Room(8);
+        cur_ = PutFlag(cur_, f);
+        return *this;
+    }
     LineWriter& Date(const DateTime& d) { return Raw("#" + d.Text() + "#"); }
     // Ends the line; a trailing comma stands before the line end where the format has one.
     void End(bool trailingComma = false) {
         Room(2);
-        if (!trailingComma) --cur_;  // the comma after the last field
-        cur_[0] = '\r';
-        cur_[1] = '\n';
-        cur_ += 2;
+        cur_ = PutEnd(cur_, trailingComma);
     }
 
 private:
@@ -163,6 +199,35 @@ private:
     char* limit_;
     std::string scratch_;
 };
+
+// The two lines of a bet with the copy of its ticket: 26 numbers, a flag and the tag.
+constexpr std::size_t kMaxBetLines = 26 * kMaxNumber + 8 + 16;
+
+char* PutBet(char* d, int race, const BetRec& bet, const TicketRec& t) {
+    std::memcpy(d, "\"%Bet   `\",", 11);
+    d += 11;
+    d = PutInt(d, race);
+    d = PutMoney(d, bet.BetAmt);
+    d = PutInt(d, bet.BetType);
+    d = PutFlag(d, bet.Boxed);
+    d = PutMoney(d, bet.BetCost);
+    d = PutMoney(d, bet.BetWinnings);
+    d = PutMoney(d, bet.WinPart);
+    d = PutMoney(d, bet.PlacePart);
+    d = PutMoney(d, bet.ShowPart);
+    d = PutInt(d, bet.CorrectPicks);
+    d = PutInt(d, bet.WinningCombos);
+    d = PutEnd(d, false);
+    for (int k = 1; k <= 6; ++k) d = PutInt(d, bet.Pick(k));
+    d = PutInt(d, bet.TicketIdx);
+    d = PutInt(d, t.TicketNbr);
+    d = PutInt(d, t.TicketRace);
+    d = PutMoney(d, t.TicketCost);
+    d = PutMoney(d, t.Collected);
+    d = PutMoney(d, t.Distributed);
+    d = PutMoney(d, t.Winnings);
+    return PutEnd(d, false);
+}
 
 // How many bets ahead the writer fetches the bet and ticket it will write.
 constexpr std::size_t kPrefetch = 12;
@@ -323,28 +388,7 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
             const int r = order[i].race;
             const BetRec& bet = RF.Bet(r, order[i].slot);
             const TicketRec& t = RF.Ticket(order[i].ticket);
-            w.Text("%Bet   `")
-                .Int(r)
-                .Money(bet.BetAmt)
-                .Int(bet.BetType)
-                .Bool(bet.Boxed)
-                .Money(bet.BetCost)
-                .Money(bet.BetWinnings)
-                .Money(bet.WinPart)
-                .Money(bet.PlacePart)
-                .Money(bet.ShowPart)
-                .Int(bet.CorrectPicks)
-                .Int(bet.WinningCombos)
-                .End();
-            for (int k = 1; k <= 6; ++k) w.Int(bet.Pick(k));
-            w.Int(bet.TicketIdx)
-                .Int(t.TicketNbr)
-                .Int(t.TicketRace)
-                .Money(t.TicketCost)
-                .Money(t.Collected)
-                .Money(t.Distributed)
-                .Money(t.Winnings)
-                .End();
+            w.Done(PutBet(w.Take(kMaxBetLines), r, bet, t));
         }
     }
 
