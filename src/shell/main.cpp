@@ -16,6 +16,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName("TamberlinTally");
     QApplication::setOrganizationName("TamberlinTally");
+    QApplication::setWindowIcon(tt::gui::AppIcon());
 
     auto messages = tt::gui::MakeMessageBoxes();
     auto dialogs = tt::gui::MakeFileDialogs();

@@ -439,7 +439,9 @@ void frmMain::ShowLogo() {
 QMdiSubWindow* frmMain::SubWindowOf(const std::string& name) const {
     auto it = children_.find(name);
     if (it == children_.end() || !it->second) return nullptr;
-    return qobject_cast<QMdiSubWindow*>(it->second->parentWidget());
+    auto* sub = qobject_cast<QMdiSubWindow*>(it->second->parentWidget());
+    // A closed window is hidden at once and deleted later: it counts as gone.
+    return sub && !sub->isHidden() ? sub : nullptr;
 }
 
 void frmMain::ShowForm(const std::string& name, bool modal) {

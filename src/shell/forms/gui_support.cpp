@@ -160,6 +160,27 @@ void ApplyGridLayout(QTableView* view, const GridData& grid) {
     }
 }
 
+QIcon AppIcon() {
+    QIcon icon;
+    for (int size : {16, 32, 48, 64, 128}) {
+        QPixmap pm(size, size);
+        pm.fill(Qt::transparent);
+        QPainter p(&pm);
+        p.setRenderHint(QPainter::Antialiasing);
+        p.setBrush(QColor(30, 95, 55));
+        p.setPen(QPen(QColor(250, 240, 200), size / 16.0));
+        p.drawRoundedRect(QRectF(0.5, 0.5, size - 1, size - 1), size / 5.0, size / 5.0);
+        QFont f;
+        f.setBold(true);
+        f.setItalic(true);
+        f.setPixelSize(size * 9 / 16);
+        p.setFont(f);
+        p.drawText(QRectF(0, 0, size, size), Qt::AlignCenter, "TT");
+        icon.addPixmap(pm);
+    }
+    return icon;
+}
+
 namespace {
 
 class QtMessages : public MessagePort {

@@ -3,6 +3,7 @@
 // grids shown from the core's data, and the Qt implementations of the ports.
 
 #include <QAbstractTableModel>
+#include <QIcon>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -61,6 +62,9 @@ private:
 // Sets up a view for a grid: its fixed rows as headers, widths and heights from twips, hidden
 // zero-width columns, selection by rows.
 void ApplyGridLayout(QTableView* view, const GridData& grid);
+
+// The program's icon: a green tile with the initials.
+QIcon AppIcon();
 
 // The ports over Qt.
 std::unique_ptr<MessagePort> MakeMessageBoxes();
