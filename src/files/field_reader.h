@@ -26,6 +26,92 @@
 
 namespace tt {
 
+// The plain forms the writer produces, read in place: a field is taken only when it stands
+// whole in that form, and pos is then moved past its delimiter. Anything else (blanks, quotes,
+// exponents, more digits) is left to the general readers.
+namespace field_detail {
+
+// Ends a field at q: true, with pos past the delimiter, when a comma, a line end or the end of
+// the file stands there.
+inline bool Finish(const char* s, std::size_t n, std::size_t q, std::size_t& pos) {
+    if (q >= n) {
+        pos = n;
+        return true;
+    }
+    const char c = s[q];
+    if (c == ',' || c == '\n') {
+        pos = q + 1;
+        return true;
+    }
+    if (c == '\r') {
+        pos = q + 1 < n && s[q + 1] == '\n' ? q + 2 : q + 1;
+        return true;
+    }
+    return false;
+}
+
+// An optional minus sign and up to 18 digits.
+inline bool Integer(const char* s, std::size_t n, std::size_t& pos, std::int64_t& value) {
+    std::size_t q = pos;
+    if (q >= n) return false;
+    const bool neg = s[q] == '-';
+    if (neg) ++q;
+    const std::size_t first = q;
+    std::int64_t v = 0;
+    while (q < n && q - first < 18 && static_cast<unsigned char>(s[q] - '0') < 10) v = v * 10 + (s[q++] - '0');
+    if (q == first || !Finish(s, n, q, pos)) return false;
+    value = neg ? -v : v;
+    return true;
+}
+
+// An optional minus sign, up to 14 digits, and a point with one to four decimals; a digit at
+// least.
+inline bool Money(const char* s, std::size_t n, std::size_t& pos, std::int64_t& raw) {
+    std::size_t q = pos;
+    if (q >= n) return false;
+    const bool neg = s[q] == '-';
+    if (neg) ++q;
+    const std::size_t first = q;
+    std::int64_t whole = 0;
+    while (q < n && q - first < 14 && static_cast<unsigned char>(s[q] - '0') < 10)
+        whole = whole * 10 + (s[q++] - '0');
+    bool digits = q > first;
+    std::int64_t frac = 0;
+    int places = 0;
+    if (q < n && s[q] == '.') {
+        ++q;
+        while (q < n && places < 4 && static_cast<unsigned char>(s[q] - '0') < 10) {
+            frac = frac * 10 + (s[q++] - '0');
+            ++places;
+        }
+        if (places == 0) return false;
+        digits = true;
+    }
+    if (!digits || !Finish(s, n, q, pos)) return false;
+    static constexpr std::int64_t kScale[] = {10000, 1000, 100, 10, 1};
+    const std::int64_t v = whole * 10000 + frac * kScale[places];
+    raw = neg ? -v : v;
+    return true;
+}
+
+inline bool TrueFalse(const char* s, std::size_t n, std::size_t& pos, bool& value) {
+    const std::size_t p = pos;
+    if (p + 6 > n || s[p] != '#') return false;
+    if (std::memcmp(s + p, "#TRUE#", 6) == 0 && Finish(s, n, p + 6, pos)) {
+        value = true;
+        return true;
+    }
+    if (p + 7 <= n && std::memcmp(s + p, "#FALSE#", 7) == 0 && Finish(s, n, p + 7, pos)) {
+        value = false;
+        return true;
+    }
+    return false;
+}
+
+}  // namespace field_detail
+
+class FieldCursor;
+
 class FieldReader {
 public:
     explicit FieldReader(std::string_view data) : data_(data) {}
@@ -33,8 +119,6 @@ public:
     // The end of the file: nothing is left to read.
     bool AtEnd() const { return pos_ >= data_.size(); }
     std::size_t Position() const { return pos_; }
-    // What is left to read, as it stands in the file.
-    std::string_view Rest() const { return data_.substr(pos_ < data_.size() ? pos_ : data_.size()); }
 
     // The next field: the text inside its quotes, or the bare text with the blanks around it
     // trimmed.
@@ -44,103 +128,80 @@ public:
     void ReadText(std::string& into) { into.assign(Next()); }
 
     std::int64_t ReadInteger(std::int64_t lo, std::int64_t hi) {
-        const char* s = data_.data();
-        const std::size_t n = data_.size();
-        std::size_t p = pos_;
-        if (p < n) {
-            const bool neg = s[p] == '-';
-            std::size_t q = p + (neg ? 1 : 0);
-            const std::size_t first = q;
-            std::int64_t v = 0;
-            while (q < n && q - first < 18 && static_cast<unsigned char>(s[q] - '0') < 10)
-                v = v * 10 + (s[q++] - '0');
-            if (q > first && Finish(q)) {
-                if (neg) v = -v;
-                if (v < lo || v > hi) throw AppError(kErrOverflow);
-                return v;
-            }
-        }
-        return ReadIntegerSlow(lo, hi);
+        std::int64_t v;
+        if (!field_detail::Integer(data_.data(), data_.size(), pos_, v)) return ReadIntegerSlow(lo, hi);
+        if (v < lo || v > hi) throw AppError(kErrOverflow);
+        return v;
     }
     Int16 ReadInt16() { return static_cast<std::int16_t>(ReadInteger(-32768, 32767)); }
     Int32 ReadInt32() {
         return static_cast<std::int32_t>(ReadInteger(-2147483648LL, 2147483647LL));
     }
-
     Currency ReadCurrency() {
-        const char* s = data_.data();
-        const std::size_t n = data_.size();
-        std::size_t p = pos_;
-        if (p < n) {
-            const bool neg = s[p] == '-';
-            std::size_t q = p + (neg ? 1 : 0);
-            const std::size_t first = q;
-            std::int64_t whole = 0;
-            while (q < n && q - first < 14 && static_cast<unsigned char>(s[q] - '0') < 10)
-                whole = whole * 10 + (s[q++] - '0');
-            bool digits = q > first;
-            std::int64_t frac = 0;
-            int places = 0;
-            bool ok = true;
-            if (q < n && s[q] == '.') {
-                ++q;
-                while (q < n && places < 4 && static_cast<unsigned char>(s[q] - '0') < 10) {
-                    frac = frac * 10 + (s[q++] - '0');
-                    ++places;
-                }
-                ok = places > 0;
-                digits = digits || places > 0;
-            }
-            if (ok && digits && Finish(q)) {
-                static constexpr std::int64_t kScale[] = {10000, 1000, 100, 10, 1};
-                std::int64_t raw = whole * 10000 + frac * kScale[places];
-                return Currency::FromRaw(neg ? -raw : raw);
-            }
-        }
-        return ReadCurrencySlow();
+        std::int64_t raw;
+        if (!field_detail::Money(data_.data(), data_.size(), pos_, raw)) return ReadCurrencySlow();
+        return Currency::FromRaw(raw);
     }
-
     Flag ReadFlag() {
-        const char* s = data_.data();
-        const std::size_t n = data_.size();
-        const std::size_t p = pos_;
-        if (p + 6 <= n && s[p] == '#') {
-            if (std::memcmp(s + p, "#TRUE#", 6) == 0 && Finish(p + 6)) return true;
-            if (p + 7 <= n && std::memcmp(s + p, "#FALSE#", 7) == 0 && Finish(p + 7)) return false;
-        }
-        return ReadFlagSlow();
+        bool f;
+        if (!field_detail::TrueFalse(data_.data(), data_.size(), pos_, f)) return ReadFlagSlow();
+        return f;
     }
-
     float ReadSingle();
     double ReadDouble();
     DateTime ReadDate();
 
 private:
-    // Ends a field read in place at q: true, past its delimiter, when a comma, a line end or
-    // the end of the file stands there.
-    bool Finish(std::size_t q) {
-        const std::size_t n = data_.size();
-        if (q >= n) {
-            pos_ = n;
-            return true;
-        }
-        const char c = data_[q];
-        if (c == ',' || c == '\n') {
-            pos_ = q + 1;
-            return true;
-        }
-        if (c == '\r') {
-            pos_ = q + 1 < n && data_[q + 1] == '\n' ? q + 2 : q + 1;
-            return true;
-        }
-        return false;
-    }
+    friend class FieldCursor;
     std::int64_t ReadIntegerSlow(std::int64_t lo, std::int64_t hi);
     Currency ReadCurrencySlow();
     Flag ReadFlagSlow();
 
     std::string_view data_;
     std::size_t pos_ = 0;
+};
+
+// Reads the numbers and flags of one record through a position of its own, which the compiler
+// can keep at hand, and hands the position back to the reader when it goes. A field in any but
+// the plain form is read by the reader itself.
+class FieldCursor {
+public:
+    explicit FieldCursor(FieldReader& in) : in_(in), s_(in.data_.data()), n_(in.data_.size()), pos_(in.pos_) {}
+    ~FieldCursor() { in_.pos_ = pos_; }
+    FieldCursor(const FieldCursor&) = delete;
+    FieldCursor& operator=(const FieldCursor&) = delete;
+
+    [[gnu::always_inline]] std::int64_t Integer(std::int64_t lo, std::int64_t hi) {
+        std::int64_t v;
+        if (!field_detail::Integer(s_, n_, pos_, v)) return Slow([&] { return in_.ReadIntegerSlow(lo, hi); });
+        if (v < lo || v > hi) throw AppError(kErrOverflow);
+        return v;
+    }
+    Int16 Int16Field() { return static_cast<std::int16_t>(Integer(-32768, 32767)); }
+    Int32 Int32Field() { return static_cast<std::int32_t>(Integer(-2147483648LL, 2147483647LL)); }
+    Currency Money() {
+        std::int64_t raw;
+        if (!field_detail::Money(s_, n_, pos_, raw)) return Slow([&] { return in_.ReadCurrencySlow(); });
+        return Currency::FromRaw(raw);
+    }
+    Flag TrueFalse() {
+        bool f;
+        if (!field_detail::TrueFalse(s_, n_, pos_, f)) return Slow([&] { return in_.ReadFlagSlow(); });
+        return f;
+    }
+
+private:
+    template <class Read>
+    auto Slow(Read read) -> decltype(read()) {
+        in_.pos_ = pos_;
+        auto v = read();
+        pos_ = in_.pos_;
+        return v;
+    }
+    FieldReader& in_;
+    const char* s_;
+    std::size_t n_;
+    std::size_t pos_;
 };
 
 }  // namespace tt

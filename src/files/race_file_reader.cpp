@@ -168,41 +168,44 @@ void ReadBet20(FieldReader& in, PendingTickets& pending) {
         return;
     }
     BetRec& b = NextBetSlot(in);
-    b.BetAmt = in.ReadCurrency();
-    b.BetType = in.ReadInt16();
-    b.Boxed = in.ReadFlag();
-    b.BetCost = in.ReadCurrency();
-    b.BetWinnings = in.ReadCurrency();
-    b.WinPart = in.ReadCurrency();
-    b.PlacePart = in.ReadCurrency();
-    b.ShowPart = in.ReadCurrency();
-    b.CorrectPicks = in.ReadInt16();
-    b.WinningCombos = in.ReadInt16();
-    for (int k = 1; k <= 6; ++k) b.Pick(k) = in.ReadInt16();
-    b.TicketIdx = in.ReadInt32();
-    G.CurrentTicket = b.TicketIdx;
-    __builtin_prefetch(&RF.Ticket(G.CurrentTicket), 1);
-
     TicketCopy c{};
-    c.ticket = G.CurrentTicket;
-    try {
-        c.nbr = in.ReadInt32();
-        c.fields = 1;
-        c.race = in.ReadInt16();
-        c.fields = 2;
-        c.cost = in.ReadCurrency();
-        c.fields = 3;
-        c.collected = in.ReadCurrency();
-        c.fields = 4;
-        c.distributed = in.ReadCurrency();
-        c.fields = 5;
-        c.winnings = in.ReadCurrency();
-        c.fields = 6;
-    } catch (...) {
-        // What was read of the ticket is in it, as if each field had gone straight there.
-        pending.Flush();
-        WriteCopy(c);
-        throw;
+    {
+        FieldCursor f(in);
+        b.BetAmt = f.Money();
+        b.BetType = f.Int16Field();
+        b.Boxed = f.TrueFalse();
+        b.BetCost = f.Money();
+        b.BetWinnings = f.Money();
+        b.WinPart = f.Money();
+        b.PlacePart = f.Money();
+        b.ShowPart = f.Money();
+        b.CorrectPicks = f.Int16Field();
+        b.WinningCombos = f.Int16Field();
+        for (int k = 1; k <= 6; ++k) b.Pick(k) = f.Int16Field();
+        b.TicketIdx = f.Int32Field();
+        G.CurrentTicket = b.TicketIdx;
+        __builtin_prefetch(&RF.Ticket(G.CurrentTicket), 1);
+
+        c.ticket = G.CurrentTicket;
+        try {
+            c.nbr = f.Int32Field();
+            c.fields = 1;
+            c.race = f.Int16Field();
+            c.fields = 2;
+            c.cost = f.Money();
+            c.fields = 3;
+            c.collected = f.Money();
+            c.fields = 4;
+            c.distributed = f.Money();
+            c.fields = 5;
+            c.winnings = f.Money();
+            c.fields = 6;
+        } catch (...) {
+            // What was read of the ticket is in it, as if each field had gone straight there.
+            pending.Flush();
+            WriteCopy(c);
+            throw;
+        }
     }
     c.bet = G.CurrentBet;
     c.bettor = G.CurrentBettor;
