@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "files/field_reader.h"
 #include "files/file_commands.h"
 #include "files/race_file_io.h"
