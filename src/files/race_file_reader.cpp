@@ -107,110 +107,39 @@ BetRec& NextBetSlot(FieldReader& in) {
     return RF.Bet(G.CurrentRace, G.CurrentBet);
 }
 
-// The copy of its ticket that a bet carries. On a large card the ticket is seldom in the cache:
-// the reader asks for it as soon as it knows the index, and writes the copy, widens the range
-// of slots and sets the bettor some bets later, in the order of the bets. Before anything else
-// may look at the tickets (a %Parms record resizes them, the loop ends or fails) the waiting
-// copies are written.
-struct TicketCopy {
-    std::int32_t ticket;
-    std::int32_t bet;
-    std::int16_t bettor;
-    std::int16_t race;
-    std::int32_t nbr;
-    Currency cost, collected, distributed, winnings;
-    int fields;  // how many of the six fields were read
-};
-
-void WriteCopy(const TicketCopy& c) {
-    TicketRec& t = RF.Ticket(c.ticket);
-    if (c.fields > 0) t.TicketNbr = c.nbr;
-    if (c.fields > 1) t.TicketRace = c.race;
-    if (c.fields > 2) t.TicketCost = c.cost;
-    if (c.fields > 3) t.Collected = c.collected;
-    if (c.fields > 4) t.Distributed = c.distributed;
-    if (c.fields > 5) t.Winnings = c.winnings;
-    if (c.fields < 6) return;  // the bet failed while its ticket was being read
-    if (t.FirstBet == 0 || t.FirstBet > c.bet) t.FirstBet = c.bet;
-    if (t.LastBet == 0 || t.LastBet < c.bet) t.LastBet = c.bet;
-    t.TicketBettor = c.bettor;
-}
-
-class PendingTickets {
-public:
-    void Add(const TicketCopy& c) {
-        if (count_ == kSize) WriteOldest();
-        ring_[(first_ + count_) % kSize] = c;
-        ++count_;
-    }
-    void Flush() {
-        while (count_ > 0) WriteOldest();
-    }
-
-private:
-    static constexpr int kSize = 16;
-    void WriteOldest() {
-        const TicketCopy& c = ring_[first_];
-        first_ = (first_ + 1) % kSize;
-        --count_;
-        WriteCopy(c);
-    }
-    TicketCopy ring_[kSize] = {};
-    int first_ = 0;
-    int count_ = 0;
-};
-
-void ReadBet20(FieldReader& in, PendingTickets& pending) {
+void ReadBet20(FieldReader& in) {
     if (G.CurrentBettor <= 0) {
         OutOfOrder("Bet info found out of order in file!");
         return;
     }
     BetRec& b = NextBetSlot(in);
-    TicketCopy c{};
-    {
-        FieldCursor f(in);
-        b.BetAmt = f.Money();
-        b.BetType = f.Int16Field();
-        b.Boxed = f.TrueFalse();
-        b.BetCost = f.Money();
-        b.BetWinnings = f.Money();
-        b.WinPart = f.Money();
-        b.PlacePart = f.Money();
-        b.ShowPart = f.Money();
-        b.CorrectPicks = f.Int16Field();
-        b.WinningCombos = f.Int16Field();
-        for (int k = 1; k <= 6; ++k) b.Pick(k) = f.Int16Field();
-        b.TicketIdx = f.Int32Field();
-        G.CurrentTicket = b.TicketIdx;
-        __builtin_prefetch(&RF.Ticket(G.CurrentTicket), 1);
-
-        c.ticket = G.CurrentTicket;
-        try {
-            c.nbr = f.Int32Field();
-            c.fields = 1;
-            c.race = f.Int16Field();
-            c.fields = 2;
-            c.cost = f.Money();
-            c.fields = 3;
-            c.collected = f.Money();
-            c.fields = 4;
-            c.distributed = f.Money();
-            c.fields = 5;
-            c.winnings = f.Money();
-            c.fields = 6;
-        } catch (...) {
-            // What was read of the ticket is in it, as if each field had gone straight there.
-            pending.Flush();
-            WriteCopy(c);
-            throw;
-        }
-    }
-    c.bet = G.CurrentBet;
-    c.bettor = G.CurrentBettor;
-    pending.Add(c);
+    FieldCursor f(in);
+    b.BetAmt = f.Money();
+    b.BetType = f.Int16Field();
+    b.Boxed = f.TrueFalse();
+    b.BetCost = f.Money();
+    b.BetWinnings = f.Money();
+    b.WinPart = f.Money();
+    b.PlacePart = f.Money();
+    b.ShowPart = f.Money();
+    b.CorrectPicks = f.Int16Field();
+    b.WinningCombos = f.Int16Field();
+    for (int k = 1; k <= 6; ++k) b.Pick(k) = f.Int16Field();
+    b.TicketIdx = f.Int32Field();
+    G.CurrentTicket = b.TicketIdx;
+    // A ticket lies anywhere in its table: ask for it before the fields that go into it.
+    TicketRec& t = RF.Ticket(G.CurrentTicket);
+    __builtin_prefetch(&t, 1);
+    t.TicketNbr = f.Int32Field();
+    t.TicketRace = f.Int16Field();
+    t.TicketCost = f.Money();
+    t.Collected = f.Money();
+    t.Distributed = f.Money();
+    t.Winnings = f.Money();
+    if (t.FirstBet == 0 || t.FirstBet > G.CurrentBet) t.FirstBet = G.CurrentBet;
+    if (t.LastBet == 0 || t.LastBet < G.CurrentBet) t.LastBet = G.CurrentBet;
+    t.TicketBettor = G.CurrentBettor;
 }
-
-void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pending);
 
 void ReadParms20(FieldReader& in) {
     RF.FileId = in.ReadInt16();
@@ -241,19 +170,6 @@ void ReadParms20(FieldReader& in) {
 }  // namespace
 
 void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
-    PendingTickets pending;
-    try {
-        ReadRecords20(in, progress, pending);
-    } catch (...) {
-        pending.Flush();
-        throw;
-    }
-    pending.Flush();
-}
-
-namespace {
-
-void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pending) {
     while (!in.AtEnd()) {
         std::string_view f = in.Next();
         Tag tag = TagOf(f);
@@ -261,10 +177,7 @@ void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pend
         progress.field.assign(f);
         ++progress.count;
         switch (tag) {
-            case Tag::kParms:
-                pending.Flush();
-                ReadParms20(in);
-                break;
+            case Tag::kParms: ReadParms20(in); break;
             case Tag::kRace: {
                 G.CurrentRace = in.ReadInt16();
                 G.CurrentRacer = 0;
@@ -277,13 +190,15 @@ void ReadRecords20(FieldReader& in, ReadProgress& progress, PendingTickets& pend
             }
             case Tag::kRacer: ReadRacer(in); break;
             case Tag::kBettor: ReadBettor(in); break;
-            case Tag::kBet: ReadBet20(in, pending); break;
+            case Tag::kBet: ReadBet20(in); break;
             case Tag::kPayout: ReadPayout(in); break;
             case Tag::kHeader:
             case Tag::kNone: break;
         }
     }
 }
+
+namespace {
 
 // The settings that version 1.0 did not have, set again before every field.
 void Defaults10() {
