@@ -12,7 +12,7 @@ namespace {
 
 // splitmix64: small, fast and the same on every machine.
 class Rng {
-public:
+  public:
     explicit Rng(std::uint64_t seed) : s_(seed) {}
     std::uint64_t Next() {
         std::uint64_t z = (s_ += 0x9e3779b97f4a7c15ull);
@@ -23,17 +23,21 @@ public:
     int Below(int n) { return static_cast<int>(Next() % static_cast<std::uint64_t>(n)); }
     bool OneIn(int n) { return Below(n) == 0; }
 
-private:
+  private:
     std::uint64_t s_;
 };
 
-Currency Cents(std::int64_t cents) { return Currency::FromRaw(cents * 100); }
+Currency Cents(std::int64_t cents) {
+    return Currency::FromRaw(cents * 100);
+}
 
-int Legs(int type) { return type >= 6 && type <= 10 ? type - 4 : 1; }
+int Legs(int type) {
+    return type >= 6 && type <= 10 ? type - 4 : 1;
+}
 
 void MakeRaces(const CardShape& s, Rng& rng) {
     static const char* const kStakes[] = {"Maiden", "Handicap", "Sprint", "Derby", "Classic",
-                                          "Cup", "Stakes", "Mile", "Plate", "Trophy"};
+                                          "Cup",    "Stakes",   "Mile",   "Plate", "Trophy"};
     for (int r = 0; r <= s.races; ++r) {
         RaceRec& race = RF.Race(r);
         if (r > 0) race.RaceName = "Race " + std::to_string(r) + " - The " + kStakes[r % 10];
@@ -180,12 +184,14 @@ void MakeLargeCard(const CardShape& s) {
     // Bets per ticket: one each, the rest spread at random.
     std::vector<int> perTicket(static_cast<std::size_t>(s.tickets) + 1, 1);
     perTicket[0] = 0;
-    for (int k = s.tickets; k < s.bets; ++k) ++perTicket[static_cast<std::size_t>(1 + rng.Below(s.tickets))];
+    for (int k = s.tickets; k < s.bets; ++k)
+        ++perTicket[static_cast<std::size_t>(1 + rng.Below(s.tickets))];
     std::vector<int> raceOf(perTicket.size(), 0);
     std::vector<std::int64_t> slots(22, 0);
     for (int t = 1; t <= s.tickets; ++t) {
         raceOf[static_cast<std::size_t>(t)] = 1 + rng.Below(s.races);
-        slots[static_cast<std::size_t>(raceOf[static_cast<std::size_t>(t)])] += perTicket[static_cast<std::size_t>(t)];
+        slots[static_cast<std::size_t>(raceOf[static_cast<std::size_t>(t)])] +=
+            perTicket[static_cast<std::size_t>(t)];
     }
     RF.MaxBets = static_cast<std::int32_t>(*std::max_element(slots.begin(), slots.end()));
     RF.Bet.ReDim(RF.MaxBets + 1);

@@ -9,12 +9,12 @@
 namespace tt::bench {
 
 struct CardShape {
-    int races = 20;           // 1 to 20
-    int racersPerRace = 24;   // at least 6, so that a Pick 6 or a boxed Trifecta has its picks
+    int races = 20;          // 1 to 20
+    int racersPerRace = 24;  // at least 6, so that a Pick 6 or a boxed Trifecta has its picks
     int bettors = 5000;
     int tickets = 60000;
-    int bets = 200000;        // at least one per ticket
-    int settledRaces = 10;    // races 1 to this have results, payouts and winnings
+    int bets = 200000;      // at least one per ticket
+    int settledRaces = 10;  // races 1 to this have results, payouts and winnings
     std::uint64_t seed = 20260502;
 };
 

@@ -46,8 +46,9 @@ int Load(const char* path) {
     }
     const double grown = static_cast<double>(after - before) * 1024.0;
     const double ratio = grown / size;
-    std::printf("file %.1f MB, peak resident before %.1f MB, after %.1f MB, growth %.1f MB = %.2f x file\n",
-                size / 1e6, before / 1024.0, after / 1024.0, grown / 1e6, ratio);
+    std::printf(
+        "file %.1f MB, peak resident before %.1f MB, after %.1f MB, growth %.1f MB = %.2f x file\n",
+        size / 1e6, before / 1024.0, after / 1024.0, grown / 1e6, ratio);
     return ratio < 4.0 ? 0 : 1;
 }
 
@@ -59,9 +60,9 @@ int main(int argc, char** argv) {
     tt::ResetProcessState();
     tt::bench::MakeLargeCard();
     const std::string text = tt::BuildRaceFileText(tt::DateTime{2026, 5, 2, 14, 30, 0});
-    const std::string path =
-        (std::filesystem::temp_directory_path() / ("tally-load-memory-" + std::to_string(getpid()) + ".tly"))
-            .string();
+    const std::string path = (std::filesystem::temp_directory_path() /
+                              ("tally-load-memory-" + std::to_string(getpid()) + ".tly"))
+                                 .string();
     tt::MakeRealFileSystem()->WriteAll(path, text);
 
     int status = 0;

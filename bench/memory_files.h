@@ -12,7 +12,7 @@
 namespace tt::bench {
 
 class MemoryFileSystem : public FileSystemPort {
-public:
+  public:
     std::map<std::string, std::string, std::less<>> files;
 
     std::string ReadAll(const std::string& path) override { return Find(path); }
@@ -33,7 +33,7 @@ public:
         if (files.erase(path) == 0) throw AppError(kErrFileNotFound);
     }
 
-private:
+  private:
     const std::string& Find(const std::string& path) const {
         auto it = files.find(path);
         if (it == files.end()) throw AppError(kErrFileNotFound);

@@ -100,13 +100,15 @@ std::vector<std::string> BuiltInSeeds() {
     tt::bench::MakeLargeCard(shape);
     seeds.push_back(tt::BuildRaceFileText({2026, 5, 2, 14, 30, 0}));
 
-    const std::string header10 = "\"%Header`\",\"Tamberlin Tally\",\"1.0\",#2001-05-01 10:00:00#\r\n";
+    const std::string header10 =
+        "\"%Header`\",\"Tamberlin Tally\",\"1.0\",#2001-05-01 10:00:00#\r\n";
     std::string race10 = "\"%Race  `\",1,\"First\",1,1,0.1,-2,0,0";
     for (int t = 1; t <= 10; ++t) race10 += ",#TRUE#,0";
     race10 += ",0,0,0,0,0,0\r\n";
-    seeds.push_back(header10 + "\"%Parms `\",55,\"Old\",\"Dogs\",1,3\r\n" + race10 +
-                    "\"%Racer `\",1,\"1\",\"1\",\"Rex\",3,#FALSE#\r\n\"%Bettor`\",\"Ann\",\"\",\"\",\"\"\r\n"
-                    "\"%Bet   `\",1,2,1,#FALSE#,2,#TRUE#,4,#FALSE#,1,0,0,0,0,0\r\n");
+    seeds.push_back(
+        header10 + "\"%Parms `\",55,\"Old\",\"Dogs\",1,3\r\n" + race10 +
+        "\"%Racer `\",1,\"1\",\"1\",\"Rex\",3,#FALSE#\r\n\"%Bettor`\",\"Ann\",\"\",\"\",\"\"\r\n"
+        "\"%Bet   `\",1,2,1,#FALSE#,2,#TRUE#,4,#FALSE#,1,0,0,0,0,0\r\n");
     seeds.push_back("\"%Header`\",\"Tamberlin Tally\",\"2.01\",#2026-05-02 14:30:00#\r\n");
     return seeds;
 }
@@ -114,8 +116,9 @@ std::vector<std::string> BuiltInSeeds() {
 // ---- Mutations -----------------------------------------------------------------------------
 
 class Mutator {
-public:
-    Mutator(std::uint64_t seed, const std::vector<std::string>& seeds) : rng_(seed), seeds_(seeds) {}
+  public:
+    Mutator(std::uint64_t seed, const std::vector<std::string>& seeds)
+        : rng_(seed), seeds_(seeds) {}
 
     std::string Next() {
         std::string s = seeds_[Below(seeds_.size())];
@@ -125,7 +128,7 @@ public:
         return s;
     }
 
-private:
+  private:
     std::size_t Below(std::size_t n) { return n == 0 ? 0 : static_cast<std::size_t>(rng_() % n); }
 
     // Start and length of a random line.
@@ -141,12 +144,12 @@ private:
 
     void Mutate(std::string& s) {
         static const char kChars[] = ",\"\r\n#%`-.0123456789 \tE";
-        static const char* const kNumbers[] = {"-1",         "0",          "1",          "20",
-                                               "21",         "22",         "32767",      "32768",
-                                               "-32769",     "65536",      "2147483647", "2147483648",
-                                               "2000000000", "16777215",   "99999",      "1e308",
-                                               "0.00001",    "",           "-0",         "922337203685477.5808",
-                                               "#TRUE#",     "\"x\"",      "1.00",       "3.0"};
+        static const char* const kNumbers[] = {
+            "-1",         "0",          "1",          "20",       "21",
+            "22",         "32767",      "32768",      "-32769",   "65536",
+            "2147483647", "2147483648", "2000000000", "16777215", "99999",
+            "1e308",      "0.00001",    "",           "-0",       "922337203685477.5808",
+            "#TRUE#",     "\"x\"",      "1.00",       "3.0"};
         switch (Below(10)) {
             case 0:
                 if (!s.empty()) s[Below(s.size())] ^= static_cast<char>(1u << Below(8));
@@ -244,8 +247,9 @@ int main(int argc, char** argv) {
     if (!writeSeeds.empty()) {
         std::filesystem::create_directories(writeSeeds);
         for (std::size_t i = 0; i < seeds.size(); ++i)
-            std::ofstream(std::filesystem::path(writeSeeds) / ("seed-" + std::to_string(i) + ".tly"),
-                          std::ios::binary)
+            std::ofstream(
+                std::filesystem::path(writeSeeds) / ("seed-" + std::to_string(i) + ".tly"),
+                std::ios::binary)
                 << seeds[i];
         return 0;
     }
@@ -262,7 +266,8 @@ int main(int argc, char** argv) {
     Mutator mutator(seed, seeds);
     std::string input;
     for (long i = 0; i < iterations + static_cast<long>(seeds.size()); ++i) {
-        input = i < static_cast<long>(seeds.size()) ? seeds[static_cast<std::size_t>(i)] : mutator.Next();
+        input = i < static_cast<long>(seeds.size()) ? seeds[static_cast<std::size_t>(i)]
+                                                    : mutator.Next();
         g_current = &input;
         std::set_new_handler(OnNoMemory);
         alarm(kSecondsPerInput);
@@ -275,8 +280,9 @@ int main(int argc, char** argv) {
         }
     }
     g_current = nullptr;
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    std::printf("fuzz: %ld inputs in %.1f s, peak resident %.0f MB\n", iterations + static_cast<long>(seeds.size()),
-                seconds, PeakKb() / 1024.0);
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::printf("fuzz: %ld inputs in %.1f s, peak resident %.0f MB\n",
+                iterations + static_cast<long>(seeds.size()), seconds, PeakKb() / 1024.0);
     return 0;
 }

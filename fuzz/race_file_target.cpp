@@ -17,24 +17,25 @@ namespace {
 constexpr const char* kPath = "/fuzz/card.tly";
 
 class DefaultAnswers : public tt::MessagePort {
-public:
+  public:
     int Show(const tt::MessageRequest& r) override {
-        return r.buttons == tt::Buttons::kYesNo || r.buttons == tt::Buttons::kYesNoCancel ? tt::kYes : tt::kOK;
+        return r.buttons == tt::Buttons::kYesNo || r.buttons == tt::Buttons::kYesNoCancel ? tt::kYes
+                                                                                          : tt::kOK;
     }
     void Beep() override {}
 };
 
 class StillClock : public tt::ClockPort {
-public:
+  public:
     tt::DateTime Now() override { return {2026, 5, 2, 14, 30, 0}; }
     std::int64_t MonotonicMs() override { return ms_ += 1000; }
 
-private:
+  private:
     std::int64_t ms_ = 0;
 };
 
 class SameRandom : public tt::RandomPort {
-public:
+  public:
     void Randomize() override {}
     double Rnd() override { return 0.25; }
 };

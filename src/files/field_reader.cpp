@@ -9,7 +9,9 @@
 namespace tt {
 
 namespace {
-inline bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+inline bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
 // A flag or date field is written between number signs.
 bool Unwrap(std::string_view& s) {
@@ -30,7 +32,8 @@ std::string_view FieldReader::Next() {
     if (p < n && data_[p] == '"') {
         std::size_t start = p + 1;
         const void* q = std::memchr(data_.data() + start, '"', n - start);
-        std::size_t end = q ? static_cast<std::size_t>(static_cast<const char*>(q) - data_.data()) : n;
+        std::size_t end =
+            q ? static_cast<std::size_t>(static_cast<const char*>(q) - data_.data()) : n;
         value = data_.substr(start, end - start);
         p = end < n ? end + 1 : n;
         // Whatever stands between the closing quote and the delimiter is ignored.
@@ -87,7 +90,8 @@ std::int64_t FieldReader::ReadIntegerSlow(std::int64_t lo, std::int64_t hi) {
     auto d = ParseDoubleField(s);
     if (!d) throw AppError(kErrTypeMismatch);
     double r = std::nearbyint(*d);
-    if (!(r >= static_cast<double>(lo) && r <= static_cast<double>(hi))) throw AppError(kErrOverflow);
+    if (!(r >= static_cast<double>(lo) && r <= static_cast<double>(hi)))
+        throw AppError(kErrOverflow);
     return static_cast<std::int64_t>(r);
 }
 

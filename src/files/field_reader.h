@@ -58,7 +58,8 @@ inline bool Integer(const char* s, std::size_t n, std::size_t& pos, std::int64_t
     if (neg) ++q;
     const std::size_t first = q;
     std::int64_t v = 0;
-    while (q < n && q - first < 18 && static_cast<unsigned char>(s[q] - '0') < 10) v = v * 10 + (s[q++] - '0');
+    while (q < n && q - first < 18 && static_cast<unsigned char>(s[q] - '0') < 10)
+        v = v * 10 + (s[q++] - '0');
     if (q == first || !Finish(s, n, q, pos)) return false;
     value = neg ? -v : v;
     return true;
@@ -113,7 +114,7 @@ inline bool TrueFalse(const char* s, std::size_t n, std::size_t& pos, bool& valu
 class FieldCursor;
 
 class FieldReader {
-public:
+  public:
     explicit FieldReader(std::string_view data) : data_(data) {}
 
     // The end of the file: nothing is left to read.
@@ -129,7 +130,8 @@ public:
 
     std::int64_t ReadInteger(std::int64_t lo, std::int64_t hi) {
         std::int64_t v;
-        if (!field_detail::Integer(data_.data(), data_.size(), pos_, v)) return ReadIntegerSlow(lo, hi);
+        if (!field_detail::Integer(data_.data(), data_.size(), pos_, v))
+            return ReadIntegerSlow(lo, hi);
         if (v < lo || v > hi) throw AppError(kErrOverflow);
         return v;
     }
@@ -151,7 +153,7 @@ public:
     double ReadDouble();
     DateTime ReadDate();
 
-private:
+  private:
     friend class FieldCursor;
     std::int64_t ReadIntegerSlow(std::int64_t lo, std::int64_t hi);
     Currency ReadCurrencySlow();
@@ -165,15 +167,17 @@ private:
 // can keep at hand, and hands the position back to the reader when it goes. A field in any but
 // the plain form is read by the reader itself.
 class FieldCursor {
-public:
-    explicit FieldCursor(FieldReader& in) : in_(in), s_(in.data_.data()), n_(in.data_.size()), pos_(in.pos_) {}
+  public:
+    explicit FieldCursor(FieldReader& in)
+        : in_(in), s_(in.data_.data()), n_(in.data_.size()), pos_(in.pos_) {}
     ~FieldCursor() { in_.pos_ = pos_; }
     FieldCursor(const FieldCursor&) = delete;
     FieldCursor& operator=(const FieldCursor&) = delete;
 
     [[gnu::always_inline]] std::int64_t Integer(std::int64_t lo, std::int64_t hi) {
         std::int64_t v;
-        if (!field_detail::Integer(s_, n_, pos_, v)) return Slow([&] { return in_.ReadIntegerSlow(lo, hi); });
+        if (!field_detail::Integer(s_, n_, pos_, v))
+            return Slow([&] { return in_.ReadIntegerSlow(lo, hi); });
         if (v < lo || v > hi) throw AppError(kErrOverflow);
         return v;
     }
@@ -181,16 +185,18 @@ public:
     Int32 Int32Field() { return static_cast<std::int32_t>(Integer(-2147483648LL, 2147483647LL)); }
     Currency Money() {
         std::int64_t raw;
-        if (!field_detail::Money(s_, n_, pos_, raw)) return Slow([&] { return in_.ReadCurrencySlow(); });
+        if (!field_detail::Money(s_, n_, pos_, raw))
+            return Slow([&] { return in_.ReadCurrencySlow(); });
         return Currency::FromRaw(raw);
     }
     Flag TrueFalse() {
         bool f;
-        if (!field_detail::TrueFalse(s_, n_, pos_, f)) return Slow([&] { return in_.ReadFlagSlow(); });
+        if (!field_detail::TrueFalse(s_, n_, pos_, f))
+            return Slow([&] { return in_.ReadFlagSlow(); });
         return f;
     }
 
-private:
+  private:
     template <class Read>
     auto Slow(Read read) -> decltype(read()) {
         in_.pos_ = pos_;

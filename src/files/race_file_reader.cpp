@@ -177,7 +177,9 @@ void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
         progress.field.assign(f);
         ++progress.count;
         switch (tag) {
-            case Tag::kParms: ReadParms20(in); break;
+            case Tag::kParms:
+                ReadParms20(in);
+                break;
             case Tag::kRace: {
                 G.CurrentRace = in.ReadInt16();
                 G.CurrentRacer = 0;
@@ -188,12 +190,21 @@ void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
                 for (int q = 1; q <= 5; ++q) race.QuickBet(q) = in.ReadCurrency();
                 break;
             }
-            case Tag::kRacer: ReadRacer(in); break;
-            case Tag::kBettor: ReadBettor(in); break;
-            case Tag::kBet: ReadBet20(in); break;
-            case Tag::kPayout: ReadPayout(in); break;
+            case Tag::kRacer:
+                ReadRacer(in);
+                break;
+            case Tag::kBettor:
+                ReadBettor(in);
+                break;
+            case Tag::kBet:
+                ReadBet20(in);
+                break;
+            case Tag::kPayout:
+                ReadPayout(in);
+                break;
             case Tag::kHeader:
-            case Tag::kNone: break;
+            case Tag::kNone:
+                break;
         }
     }
 }
@@ -281,29 +292,44 @@ void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
         progress.field.assign(f);
         ++progress.count;
         switch (tag) {
-            case Tag::kParms: ReadParms10(in); break;
+            case Tag::kParms:
+                ReadParms10(in);
+                break;
             case Tag::kRace:
                 G.CurrentRace = in.ReadInt16();
                 G.CurrentRacer = 0;
                 if (G.CurrentRace < 0 || G.CurrentRace > kMaxRace) break;
                 ReadRaceFields(in, RF.Race(G.CurrentRace));
                 break;
-            case Tag::kRacer: ReadRacer(in); break;
-            case Tag::kBettor: ReadBettor(in); break;
-            case Tag::kBet: ReadBet10(in); break;
-            case Tag::kPayout: ReadPayout(in); break;
+            case Tag::kRacer:
+                ReadRacer(in);
+                break;
+            case Tag::kBettor:
+                ReadBettor(in);
+                break;
+            case Tag::kBet:
+                ReadBet10(in);
+                break;
+            case Tag::kPayout:
+                ReadPayout(in);
+                break;
             case Tag::kHeader:
-            case Tag::kNone: break;
+            case Tag::kNone:
+                break;
         }
     }
 }
 
 namespace {
 
-void EndRead() { Shell().SetBusy(false); }
+void EndRead() {
+    Shell().SetBusy(false);
+}
 
 // The number of a cancelled dialog is never reported: its handler only restores the pointer.
-bool CancelledDialog(const AppError& err) { return err.Number() == kErrCancel; }
+bool CancelledDialog(const AppError& err) {
+    return err.Number() == kErrCancel;
+}
 
 }  // namespace
 
@@ -349,7 +375,8 @@ void OpenRaceFile() {
             G.FileSaved = in.ReadDate();
             if (product != kProduct) {
                 Beep();
-                MsgBox(JoinParts({"Not a Tamberlin Tally file!", "File cannot be used with this program!"}),
+                MsgBox(JoinParts({"Not a Tamberlin Tally file!",
+                                  "File cannot be used with this program!"}),
                        Buttons::kOK, Icon::kExclamation);
                 G.FilePath.clear();
                 EndRead();
@@ -357,17 +384,19 @@ void OpenRaceFile() {
             }
             if (version == "1.0") {
                 Beep();
-                if (MsgBox(JoinParts({"Tamberlin Tally file is from a previous version of the software!",
-                                      "The file will be translated to version 2.0 format."}),
+                if (MsgBox(JoinParts(
+                               {"Tamberlin Tally file is from a previous version of the software!",
+                                "The file will be translated to version 2.0 format."}),
                            Buttons::kOKCancel) == kCancel) {
                     EndRead();
                     return;
                 }
             } else if (version.compare(0, 2, "2.") != 0) {
                 Beep();
-                if (MsgBox(JoinParts({"Tamberlin Tally file is from a later version of the software!",
-                                      "You could experience problems loading the file!  Continue?"}),
-                           Buttons::kOKCancel) == kCancel) {
+                if (MsgBox(
+                        JoinParts({"Tamberlin Tally file is from a later version of the software!",
+                                   "You could experience problems loading the file!  Continue?"}),
+                        Buttons::kOKCancel) == kCancel) {
                     EndRead();
                     return;
                 }
@@ -392,7 +421,8 @@ void OpenRaceFile() {
             AppError err = ToAppError(e);
             if (!CancelledDialog(err)) {
                 Beep();
-                MsgBox(JoinParts({"Error in processing the " + progress.field + " record.", err.Text()}));
+                MsgBox(JoinParts(
+                    {"Error in processing the " + progress.field + " record.", err.Text()}));
                 G.FilePath.clear();
             }
             EndRead();
@@ -404,10 +434,11 @@ void OpenRaceFile() {
             AppError err = ToAppError(e);
             if (!CancelledDialog(err)) {
                 Beep();
-                MsgBox(JoinParts({"Error in processing the " + progress.field + " record.  Count = " +
-                                      Str(progress.count),
-                                  err.Text(),
-                                  "File cannot be opened.  See the Help system for Tech Support information."}));
+                MsgBox(JoinParts(
+                    {"Error in processing the " + progress.field +
+                         " record.  Count = " + Str(progress.count),
+                     err.Text(),
+                     "File cannot be opened.  See the Help system for Tech Support information."}));
                 G.CancelFlag = true;
             }
             EndRead();

@@ -19,7 +19,7 @@ namespace {
 // The bytes of the file as they are built: a buffer that grows without clearing what it adds,
 // since every byte is written once. A race card of 200,000 bets is about 17 MB.
 class Buffer {
-public:
+  public:
     Buffer() = default;
     ~Buffer() { std::free(data_); }
     Buffer(const Buffer&) = delete;
@@ -38,7 +38,7 @@ public:
         cap_ = cap;
     }
 
-private:
+  private:
     char* data_ = nullptr;
     std::size_t len_ = 0;
     std::size_t cap_ = 0;
@@ -122,8 +122,9 @@ inline char* PutEnd(char* d, bool trailingComma) {
 // the place of the last one, except where the format keeps a trailing comma. What was written
 // is handed back to the buffer at every line end and when the writer goes, also on an error.
 class LineWriter {
-public:
-    explicit LineWriter(Buffer& out) : out_(out), cur_(out.Begin() + out.View().size()), limit_(out.Limit()) {}
+  public:
+    explicit LineWriter(Buffer& out)
+        : out_(out), cur_(out.Begin() + out.View().size()), limit_(out.Limit()) {}
     ~LineWriter() { out_.SetEnd(cur_); }
     LineWriter(const LineWriter&) = delete;
     LineWriter& operator=(const LineWriter&) = delete;
@@ -179,7 +180,7 @@ public:
         cur_ = PutEnd(cur_, trailingComma);
     }
 
-private:
+  private:
     void Room(std::size_t n) {
         if (static_cast<std::size_t>(limit_ - cur_) >= n) return;
         out_.SetEnd(cur_);
@@ -240,7 +241,9 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved);
 
 }  // namespace
 
-std::string CleanText(std::string text) { return ReplaceAll(std::move(text), "\"", "'"); }
+std::string CleanText(std::string text) {
+    return ReplaceAll(std::move(text), "\"", "'");
+}
 
 std::string ReplaceAll(std::string text, std::string_view search, std::string_view replacement) {
     if (search.empty()) return text;
@@ -345,7 +348,8 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
         for (int r = 1; r <= kMaxRace; ++r)
             for (std::int64_t n = 1; n <= slots; ++n) {
                 int b = RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor;
-                owner[static_cast<std::size_t>((r - 1) * slots + n - 1)] = static_cast<std::int16_t>(b);
+                owner[static_cast<std::size_t>((r - 1) * slots + n - 1)] =
+                    static_cast<std::int16_t>(b);
                 if (b >= 1 && b <= bettors) ++start[static_cast<std::size_t>(b) + 1];
             }
         for (int b = 1; b <= bettors; ++b)

@@ -11,24 +11,26 @@
 namespace tt::test {
 namespace {
 
-const std::string kCannotOpen = "File cannot be opened.  See the Help system for Tech Support information.";
+const std::string kCannotOpen =
+    "File cannot be opened.  See the Help system for Tech Support information.";
 
 std::string LoopError(const std::string& tag, int count, const std::string& error) {
-    return "Error in processing the " + tag + " record.  Count = " + Str(count) + "\n\r\n" + error + "\n\r\n" +
-           kCannotOpen;
+    return "Error in processing the " + tag + " record.  Count = " + Str(count) + "\n\r\n" + error +
+           "\n\r\n" + kCannotOpen;
 }
 
 std::string Sample() {
-    return HeaderLine() + ParmsLine() + RaceLines("0", "") + RaceLines("1", "Mile") + RacerLine(1, "Rex") +
-           RacerLine(2, "Bo") + BettorLine("Ann") + BetLines("1", 1) + BetLines("1", 2) + BettorLine("Bob") +
-           BetLines("1", 3) + PayoutLine("1") + PayoutLine("2");
+    return HeaderLine() + ParmsLine() + RaceLines("0", "") + RaceLines("1", "Mile") +
+           RacerLine(1, "Rex") + RacerLine(2, "Bo") + BettorLine("Ann") + BetLines("1", 1) +
+           BetLines("1", 2) + BettorLine("Bob") + BetLines("1", 3) + PayoutLine("1") +
+           PayoutLine("2");
 }
 
 // Every message a damaged file may give.
 bool KnownMessage(const std::string& text) {
-    for (const char* lead : {"Error in processing the ", "Racer info found out of order", "Bet info found out of order",
-                             "Tamberlin Tally file is from a ", "Not a Tamberlin Tally file!",
-                             "Unexpected error processing file!"})
+    for (const char* lead : {"Error in processing the ", "Racer info found out of order",
+                             "Bet info found out of order", "Tamberlin Tally file is from a ",
+                             "Not a Tamberlin Tally file!", "Unexpected error processing file!"})
         if (text.rfind(lead, 0) == 0) return true;
     return false;
 }
@@ -66,13 +68,16 @@ TEST(RaceFileHostile, HugeTicketCountsAllocateNothing) {
     const struct {
         const char* count;
         const char* error;
-    } cases[] = {{"2000000000", "Out of memory"}, {"16777216", "Out of memory"},
-                 {"2147483647", "Overflow"},      {"-5", "Subscript out of range"}};
+    } cases[] = {{"2000000000", "Out of memory"},
+                 {"16777216", "Out of memory"},
+                 {"2147483647", "Overflow"},
+                 {"-5", "Subscript out of range"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.count);
         FakeWorld world;
         LoadBytes(world, HeaderLine() + ParmsLine(c.count) + RaceLines("1", "Mile"));
-        EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{LoopError("%Parms `", 1, c.error)});
+        EXPECT_EQ(world.messages.Texts(),
+                  std::vector<std::string>{LoopError("%Parms `", 1, c.error)});
         EXPECT_EQ(RF.Ticket.UBound(), 1);
         EXPECT_EQ(G.CancelFlag, Flag(true));
     }
@@ -110,9 +115,12 @@ TEST(RaceFileHostile, RaceNumbersOutOfRange) {
 
 TEST(RaceFileHostile, FailingBetKeepsWhatWasRead) {
     FakeWorld world;
-    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + BettorLine("Ann") + BetLines("1", 1) +
-                         "\"%Bet   `\",1,2,1,#FALSE#,2,0,0,0,0,0,0\r\n3,0,0,0,0,0,1,555,1,x,2,0,0\r\n");
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{LoopError("%Bet   `", 5, "Type mismatch")});
+    LoadBytes(world,
+              HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + BettorLine("Ann") +
+                  BetLines("1", 1) +
+                  "\"%Bet   `\",1,2,1,#FALSE#,2,0,0,0,0,0,0\r\n3,0,0,0,0,0,1,555,1,x,2,0,0\r\n");
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{LoopError("%Bet   `", 5, "Type mismatch")});
     // The second copy of ticket 1 got as far as its race; its range and bettor were not set.
     const TicketRec& t = RF.Ticket(1);
     EXPECT_EQ(t.TicketNbr, 555);
@@ -127,15 +135,18 @@ TEST(RaceFileHostile, FailingBetKeepsWhatWasRead) {
 TEST(RaceFileHostile, HugeAndUnclosedTexts) {
     FakeWorld world;
     const std::string name(3'000'000, 'n');
-    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", name) + BettorLine("Ann, \"B\"") + BetLines("1", 1));
+    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", name) + BettorLine("Ann, \"B\"") +
+                         BetLines("1", 1));
     EXPECT_TRUE(world.messages.shown.empty());
     EXPECT_EQ(RF.Race(1).RaceName, name);
     EXPECT_EQ(RF.Bettor(1).BettorName, "Ann, ");
     EXPECT_EQ(RF.Race(1).BetCount, 1);
 
     // An unclosed quote takes the rest of the file, and the record runs out of fields.
-    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + "\"%Bettor`\",\"Ann, Bo\r\n3,4\r\n");
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{LoopError("%Bettor`", 3, "Input past end of file")});
+    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") +
+                         "\"%Bettor`\",\"Ann, Bo\r\n3,4\r\n");
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{LoopError("%Bettor`", 3, "Input past end of file")});
     EXPECT_EQ(RF.BettorCount, 1);
     EXPECT_EQ(RF.Bettor(1).BettorName, "Ann, Bo\r\n3,4\r\n");
 }

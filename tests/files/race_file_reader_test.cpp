@@ -17,7 +17,8 @@ const std::string kLaterVersion =
     "You could experience problems loading the file!  Continue?";
 
 std::string Replace(std::string s, const std::string& from, const std::string& to) {
-    for (std::size_t p = 0; (p = s.find(from, p)) != std::string::npos; p += to.size()) s.replace(p, from.size(), to);
+    for (std::size_t p = 0; (p = s.find(from, p)) != std::string::npos; p += to.size())
+        s.replace(p, from.size(), to);
     return s;
 }
 
@@ -60,7 +61,8 @@ TEST(RaceFileReader, BlanksAroundFieldsAndShortNumbers) {
     FakeWorld world;
     std::string race = RaceLines("1", "Mile");
     race.replace(race.find(",1,1,0.1,"), 9, ", 1 ,\t1,.1  ,");
-    LoadBytes(world, HeaderLine() + ParmsLine() + race + "\"%Racer `\",3 ,  \"1\"junk,\"1\",\"Rex\",.25,#TRUE#\r\n");
+    LoadBytes(world, HeaderLine() + ParmsLine() + race +
+                         "\"%Racer `\",3 ,  \"1\"junk,\"1\",\"Rex\",.25,#TRUE#\r\n");
     EXPECT_TRUE(world.messages.shown.empty());
     EXPECT_EQ(RF.Race(1).MinBet, Currency::FromInt(1));
     EXPECT_EQ(RF.Race(1).BetIncr, Currency::FromRaw(1000));
@@ -100,9 +102,11 @@ TEST(RaceFileReader, VersionQuestions) {
 
 TEST(RaceFileReader, RefusesAnotherProductAndReadsNoHeaderAsEmpty) {
     FakeWorld world;
-    LoadBytes(world, HeaderLine("2.01", "Tamberlin Tallies") + ParmsLine() + RaceLines("1", "Mile"));
+    LoadBytes(world,
+              HeaderLine("2.01", "Tamberlin Tallies") + ParmsLine() + RaceLines("1", "Mile"));
     EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Not a Tamberlin Tally file!\n\r\nFile cannot be used with this program!"});
+              std::vector<std::string>{
+                  "Not a Tamberlin Tally file!\n\r\nFile cannot be used with this program!"});
     EXPECT_EQ(world.messages.shown[0].icon, Icon::kExclamation);
     EXPECT_EQ(world.messages.beeps, 1);
     EXPECT_EQ(G.FilePath, "");
@@ -129,7 +133,8 @@ TEST(RaceFileReader, NoFileAndUnreadableFile) {
     world.messages.Clear();
     G.FilePath = "/races/none.tly";
     OpenRaceFile();
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Unable to read file\n\r\nFile not found"});
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Unable to read file\n\r\nFile not found"});
     EXPECT_EQ(world.messages.beeps, 1);
     EXPECT_EQ(G.FilePath, "");
     EXPECT_FALSE(world.shell.busy);
@@ -147,7 +152,8 @@ TEST(RaceFileReader, RacersAndBetsOutOfOrder) {
     for (const char* race : {"0", "21", "-1"}) {
         SCOPED_TRACE(race);
         FakeWorld world;
-        LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines(race, "Spare") + RacerLine(1, "Rex"));
+        LoadBytes(world,
+                  HeaderLine() + ParmsLine() + RaceLines(race, "Spare") + RacerLine(1, "Rex"));
         EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{kOutOfOrderRacer});
         EXPECT_EQ(world.messages.shown[0].icon, Icon::kExclamation);
         EXPECT_EQ(world.messages.beeps, 2);
@@ -155,8 +161,8 @@ TEST(RaceFileReader, RacersAndBetsOutOfOrder) {
         EXPECT_EQ(RF.Race(0).RaceName, race == std::string("0") ? "Spare" : "");
     }
     FakeWorld world;
-    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + BetLines("1", 1) + BetLines("1", 2) +
-                         BettorLine("Ann") + BetLines("1", 3));
+    LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + BetLines("1", 1) +
+                         BetLines("1", 2) + BettorLine("Ann") + BetLines("1", 3));
     EXPECT_EQ(world.messages.Texts(), (std::vector<std::string>{kOutOfOrderBet, kOutOfOrderBet}));
     EXPECT_EQ(world.messages.beeps, 4);
     EXPECT_EQ(RF.Race(1).BetCount, 1);
@@ -176,14 +182,16 @@ TEST(RaceFileReader, FailureMessages) {
     // While looking for the header.
     LoadBytes(world, "junk,\"%Header`\",\"Tamberlin Tally\"");
     EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Error in processing the %Header` record.\n\r\nInput past end of file"});
+              std::vector<std::string>{
+                  "Error in processing the %Header` record.\n\r\nInput past end of file"});
     EXPECT_EQ(world.messages.beeps, 1);
     EXPECT_EQ(G.FilePath, "");
 
     world.messages.Clear();
     LoadBytes(world, "\"%Header`\",\"Tamberlin Tally\",\"2.01\",#2026-13-01 00:00:00#\r\n");
-    EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Error in processing the %Header` record.\n\r\nType mismatch"});
+    EXPECT_EQ(
+        world.messages.Texts(),
+        std::vector<std::string>{"Error in processing the %Header` record.\n\r\nType mismatch"});
 
     // Inside the record loop: the count, and the load stops with the commands disabled, though
     // the file enters the recent files and what was read stays.
@@ -192,9 +200,10 @@ TEST(RaceFileReader, FailureMessages) {
     LoadBytes(world, HeaderLine() + ParmsLine() + RaceLines("1", "Mile") + RacerLine(3, "Rex") +
                          BettorLine("Ann") + BetLines("22", 1) + BettorLine("Bob"));
     EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Error in processing the %Bet   ` record.  Count =  5\n\r\n"
-                                       "Subscript out of range\n\r\n"
-                                       "File cannot be opened.  See the Help system for Tech Support information."});
+              std::vector<std::string>{
+                  "Error in processing the %Bet   ` record.  Count =  5\n\r\n"
+                  "Subscript out of range\n\r\n"
+                  "File cannot be opened.  See the Help system for Tech Support information."});
     EXPECT_EQ(world.messages.beeps, 1);
     EXPECT_EQ(G.CancelFlag, Flag(true));
     EXPECT_EQ(G.FilePath, kCardPath);
@@ -210,8 +219,9 @@ TEST(RaceFileReader, FailureMessages) {
     world.messages.Clear();
     LoadBytes(world, HeaderLine() + ParmsLine("4", "99") + RaceLines("1", "Mile"));
     EXPECT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Unexpected error processing file!\n\r\nFile has been closed!\n\r\n"
-                                       "Error: 9 - Subscript out of range"});
+              std::vector<std::string>{
+                  "Unexpected error processing file!\n\r\nFile has been closed!\n\r\n"
+                  "Error: 9 - Subscript out of range"});
     EXPECT_EQ(world.messages.shown[0].icon, Icon::kExclamation);
     EXPECT_EQ(world.messages.beeps, 0);
     EXPECT_EQ(G.FilePath, "");
@@ -220,7 +230,8 @@ TEST(RaceFileReader, FailureMessages) {
     world.messages.Clear();
     world.messages.Answer(kOK);
     LoadBytes(world, HeaderLine("1.0") + BettorLine("Ann") + "\"%Bet   `\",1,x\r\n");
-    EXPECT_EQ(world.messages.Texts()[1], "Error in processing the %Bet   ` record.\n\r\nType mismatch");
+    EXPECT_EQ(world.messages.Texts()[1],
+              "Error in processing the %Bet   ` record.\n\r\nType mismatch");
     EXPECT_EQ(world.messages.beeps, 2);
     EXPECT_EQ(G.FilePath, "");
 }
@@ -230,14 +241,16 @@ TEST(RaceFileReader, TranslatesVersion10) {
         "\"%Bet   `\",1,2,1,#FALSE#,2,#TRUE#,4,#FALSE#,3,0,0,0,0,0\r\n"
         "\"%Bet   `\",1,5,2,#FALSE#,5,#FALSE#,7,#TRUE#,3,0,0,0,0,0\r\n";
     const std::string file = HeaderLine("1.0") + "\"%Parms `\",55,\"Old Card\",\"Dogs\",1,3\r\n" +
-                             RaceLines("1", "First", true) + RacerLine(3, "Rex") + BettorLine("Ann") + bets;
+                             RaceLines("1", "First", true) + RacerLine(3, "Rex") +
+                             BettorLine("Ann") + bets;
     FakeWorld world;
     RF.Race(1).QuickBet(1) = Currency::FromInt(9);
     G.CurrentTicket = 0;
     LoadBytes(world, file);
     ASSERT_EQ(world.messages.Texts(),
-              std::vector<std::string>{"Tamberlin Tally file is from a previous version of the software!\n\r\n"
-                                       "The file will be translated to version 2.0 format."});
+              std::vector<std::string>{
+                  "Tamberlin Tally file is from a previous version of the software!\n\r\n"
+                  "The file will be translated to version 2.0 format."});
     EXPECT_EQ(world.messages.shown[0].buttons, Buttons::kOKCancel);
     EXPECT_EQ(world.messages.shown[0].icon, Icon::kNone);
 

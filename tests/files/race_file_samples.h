@@ -17,14 +17,16 @@ inline std::string HeaderLine(const std::string& version = "2.01",
     return "\"%Header`\",\"" + product + "\",\"" + version + "\",#2026-05-01 09:15:00#\r\n";
 }
 
-inline std::string ParmsLine(const std::string& ticketCount = "4", const std::string& defaultRace = "1") {
+inline std::string ParmsLine(const std::string& ticketCount = "4",
+                             const std::string& defaultRace = "1") {
     return "\"%Parms `\",77,\"Card\",\"Horses\"," + defaultRace +
            ",5,#FALSE#,1,#TRUE#,#FALSE#,#FALSE#,\"Betting Number\",20," + ticketCount +
            ",#FALSE#,\"\",#FALSE#,#FALSE#,0,8,10,#FALSE#\r\n";
 }
 
 // Both lines of a race in the current form; the 1.0 form stops before the trailing comma.
-inline std::string RaceLines(const std::string& race, const std::string& name, bool version10 = false) {
+inline std::string RaceLines(const std::string& race, const std::string& name,
+                             bool version10 = false) {
     std::string s = "\"%Race  `\"," + race + ",\"" + name + "\",1,1,0.1,-2,0,0";
     for (int t = 1; t <= 10; ++t) s += t <= 3 ? ",#TRUE#,0" : ",#FALSE#,0";
     s += ",0,0,0,0,0,0";

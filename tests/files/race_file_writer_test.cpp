@@ -11,7 +11,9 @@
 namespace tt::test {
 namespace {
 
-Currency Money(std::int64_t tenThousandths) { return Currency::FromRaw(tenThousandths); }
+Currency Money(std::int64_t tenThousandths) {
+    return Currency::FromRaw(tenThousandths);
+}
 
 // A card with a race, two racer slots, two bettors and three tickets: a live Win bet, a bet of
 // a ticket that no longer counts, and a deleted bet of a live ticket.
@@ -190,7 +192,8 @@ TEST(RaceFileWriter, RoundTripKeepsBytesAndRenumbersSlotsByBettor) {
     WriteRaceFile();
     const std::string second = world.files.files[kCardPath];
     const auto header = first.find("\r\n");
-    EXPECT_EQ(second.substr(0, header), "\"%Header`\",\"Tamberlin Tally\",\"2.01\",#2026-05-03 08:00:05#");
+    EXPECT_EQ(second.substr(0, header),
+              "\"%Header`\",\"Tamberlin Tally\",\"2.01\",#2026-05-03 08:00:05#");
     EXPECT_EQ(second.substr(header), first.substr(header));
     EXPECT_EQ(world.files.files["/races/June.bkp"], first);
 }
@@ -223,7 +226,9 @@ TEST(RaceFileWriter, BackupErrorAnsweredCancelLeavesTheFile) {
 
     ASSERT_EQ(world.messages.shown.size(), 1u);
     const MessageRequest& box = world.messages.shown[0];
-    EXPECT_EQ(box.text, "Error in creating backup of current file.\n\r\n70  Permission denied\n\r\nSave file anyway?");
+    EXPECT_EQ(box.text,
+              "Error in creating backup of current file.\n\r\n70  Permission denied\n\r\nSave file "
+              "anyway?");
     EXPECT_EQ(box.buttons, Buttons::kOKCancel);
     EXPECT_EQ(box.icon, Icon::kExclamation);
     EXPECT_EQ(box.defaultButton, 1);
@@ -262,7 +267,8 @@ TEST(RaceFileWriter, FailedWriteKeepsThePartialFileAndTheBackup) {
     world.messages.Clear();
     RF.Bet(1, 3).TicketIdx = 9;
     WriteRaceFile();
-    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Error saving file\n\r\nSubscript out of range"});
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Error saving file\n\r\nSubscript out of range"});
     const std::string expected = ExpectedSmallCard();
     EXPECT_EQ(world.files.files[kCardPath], expected.substr(0, expected.find("\"%Bettor`")));
 }
