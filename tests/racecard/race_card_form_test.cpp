@@ -52,6 +52,10 @@ TEST_F(RaceCardFormTest, KeysFocusAndTabsFollowTheLogic) {
     EXPECT_EQ(form.flxRacers->model()->rowCount(), 3);
     EXPECT_EQ(form.flxRacers->model()->index(0, 4).data().toString(), " 5- 2");
 
+    // The window frame asks first: Cancel keeps the window, No closes it without saving.
+    world.messages.Answer(kCancel);
+    form.reject();
+    EXPECT_TRUE(form.isVisible());
     world.messages.Answer(kNo);
     form.reject();
     EXPECT_FALSE(form.isVisible());

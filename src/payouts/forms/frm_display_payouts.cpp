@@ -218,10 +218,7 @@ void frmDisplayPayouts::Refresh() {
     else if (Timer1->isActive() && Timer1->interval() != logic.Timer1Interval)
         Timer1->setInterval(logic.Timer1Interval);
 
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
+    ApplyFocus(this, logic);
     refreshing_ = false;
     if (logic.unloaded) Unload();
 }

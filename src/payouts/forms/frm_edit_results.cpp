@@ -119,10 +119,7 @@ void frmEditResults::Refresh() {
     Apply(cmdOK, logic.cmdOK);
     Apply(cmdCancel, logic.cmdCancel);
     Apply(cmdHelp, logic.cmdHelp);
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
+    ApplyFocus(this, logic);
     refreshing_ = false;
     if (logic.unloaded) done(QDialog::Accepted);
 }

@@ -85,10 +85,7 @@ void frmPayoutHandling::Refresh() {
     Apply(optNoPay, logic.optNoPay);
     Apply(cmdOK, logic.cmdOK);
     Apply(cmdHelp, logic.cmdHelp);
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
+    ApplyFocus(this, logic);
     if (logic.unloaded) done(QDialog::Accepted);
 }
 

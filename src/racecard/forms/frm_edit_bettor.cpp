@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTimer>
 #include <QVBoxLayout>
 
 #include "model/race_file.h"
@@ -93,15 +92,7 @@ void frmEditBettor::Refresh() {
     for (auto& [w, s] : edits_) Apply(w, *s);
     lblBetAmt->setText(Q(logic.lblBetAmt.text));
     lblWonAmt->setText(Q(logic.lblWonAmt.text));
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
-    if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
-            QTimer::singleShot(0, e, [e] { e->selectAll(); });
-        logic.selectText.clear();
-    }
+    ApplyFocus(this, logic, logic.selectText);
     if (logic.centerInMain && isVisible()) {
         // Centred in the main window's inner area, whose size the document keeps in twips.
         logic.centerInMain = false;
@@ -115,16 +106,7 @@ void frmEditBettor::Refresh() {
 }
 
 void frmEditBettor::reject() {
-    if (!logic.unloaded) {
-        bool cancel = false;
-        Guard(this, false, [&] { logic.Form_QueryUnload(cancel); });
-        if (cancel && !logic.unloaded) {
-            Refresh();
-            return;
-        }
-        logic.Unload();
-    }
-    QDialog::reject();
+    RejectUnlessKept(this);
 }
 
 }  // namespace tt::gui

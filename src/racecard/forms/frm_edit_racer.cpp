@@ -150,30 +150,13 @@ void frmEditRacer::Refresh() {
     for (auto& [w, s] : edits_) Apply(w, *s);
     for (auto& [w, s] : buttons_) Apply(w, *s);
     for (auto& [w, s] : labels_) Apply(w, *s);
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
-    if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
-            QTimer::singleShot(0, e, [e] { e->selectAll(); });
-        logic.selectText.clear();
-    }
+    ApplyFocus(this, logic, logic.selectText);
     refreshing_ = false;
     if (logic.unloaded) done(QDialog::Accepted);
 }
 
 void frmEditRacer::reject() {
-    if (!logic.unloaded) {
-        bool cancel = false;
-        Guard(this, false, [&] { logic.Form_QueryUnload(cancel); });
-        if (cancel && !logic.unloaded) {
-            Refresh();
-            return;
-        }
-        logic.Unload();
-    }
-    QDialog::reject();
+    RejectUnlessKept(this);
 }
 
 }  // namespace tt::gui

@@ -16,7 +16,6 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <QTableView>
-#include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -508,30 +507,13 @@ void frmRaceCard::Refresh() {
     flxRacers->setEnabled(true);
 
     if (SSTab1->currentIndex() != logic.SSTab1) SSTab1->setCurrentIndex(logic.SSTab1);
-    if (!logic.focus.empty()) {
-        if (auto* w = findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
-        logic.focus.clear();
-    }
-    if (!logic.selectText.empty()) {
-        if (auto* e = findChild<QLineEdit*>(Q(logic.selectText)))
-            QTimer::singleShot(0, e, [e] { e->selectAll(); });
-        logic.selectText.clear();
-    }
+    ApplyFocus(this, logic, logic.selectText);
     refreshing_ = false;
     if (logic.unloaded) done(QDialog::Accepted);
 }
 
 void frmRaceCard::reject() {
-    if (!logic.unloaded) {
-        bool cancel = false;
-        Guard(this, false, [&] { logic.Form_QueryUnload(cancel); });
-        if (cancel && !logic.unloaded) {
-            Refresh();
-            return;
-        }
-        logic.Unload();
-    }
-    QDialog::reject();
+    RejectUnlessKept(this);
 }
 
 }  // namespace tt::gui

@@ -20,6 +20,7 @@
 #include <QScreen>
 #include <QStandardPaths>
 #include <QTableView>
+#include <QTimer>
 
 #include "model/app_error.h"
 #include "shell/error_path.h"
@@ -49,6 +50,20 @@ void Guard(QWidget* form, bool unloadOnError, const std::function<void()>& handl
         ShowUnexpectedError(ToAppError(e));
         if (unloadOnError && form && form->objectName() != "frmMain") form->close();
     }
+}
+
+void ApplyFocus(QWidget* form, FormState& logic) {
+    if (logic.focus.empty()) return;
+    if (auto* w = form->findChild<QWidget*>(Q(logic.focus))) w->setFocus(Qt::OtherFocusReason);
+    logic.focus.clear();
+}
+
+void ApplyFocus(QWidget* form, FormState& logic, std::string& selectText) {
+    ApplyFocus(form, logic);
+    if (selectText.empty()) return;
+    if (auto* e = form->findChild<QLineEdit*>(Q(selectText)))
+        QTimer::singleShot(0, e, [e] { e->selectAll(); });
+    selectText.clear();
 }
 
 void FillCombo(QComboBox* box, const ListData& list) {

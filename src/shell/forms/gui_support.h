@@ -3,6 +3,7 @@
 // grids shown from the core's data, and the Qt implementations of the ports.
 
 #include <QAbstractTableModel>
+#include <QDialog>
 #include <QIcon>
 #include <QString>
 #include <functional>
@@ -34,6 +35,29 @@ double ToTwips(int pixels);
 // Runs an event handler; any error shows the unexpected-error box, and with unloadOnError the
 // window closes (never the main window).
 void Guard(QWidget* form, bool unloadOnError, const std::function<void()>& handler);
+
+// The end of a window's refresh: the focus moves to the control the logic named, and the text of
+// the box named in selectText is selected once the focus is there. Both requests are then done.
+void ApplyFocus(QWidget* form, FormState& logic);
+void ApplyFocus(QWidget* form, FormState& logic, std::string& selectText);
+
+// The window frame or Esc on a dialog whose logic asks before it goes: when its
+// Form_QueryUnload cancels, the dialog stays open and shows the logic's state; otherwise the
+// logic unloads and the dialog closes. The form has a public `logic` and `Refresh()`.
+template <class Form>
+void RejectUnlessKept(Form* form) {
+    auto& logic = form->logic;
+    if (!logic.unloaded) {
+        bool cancel = false;
+        Guard(form, false, [&] { logic.Form_QueryUnload(cancel); });
+        if (cancel && !logic.unloaded) {
+            form->Refresh();
+            return;
+        }
+        logic.Unload();
+    }
+    form->QDialog::reject();
+}
 
 // Lists and combo boxes filled from the core's list data (item data kept in Qt::UserRole).
 void FillCombo(QComboBox* box, const ListData& list);
