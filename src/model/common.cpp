@@ -26,6 +26,21 @@ int KeepChangesQuestion(bool changed, const std::string& formCaption, std::strin
     return MsgBox(message, Buttons::kYesNoCancel, Icon::kNone, formCaption);
 }
 
+void KeepChangesOnUnload(bool changed, const std::string& formCaption, bool& cancel,
+                         const std::function<void()>& ok) {
+    switch (KeepChangesQuestion(changed, formCaption)) {
+        case kCancel:
+            cancel = true;
+            return;
+        case kYes:
+            ok();
+            if (G.CancelFlag) cancel = true;
+            return;
+        default:
+            return;
+    }
+}
+
 int NumericKeyFilter(int key, bool allowMinus) {
     if (key < 33 || key == 46 || (key >= 48 && key <= 57) || key >= 128) return key;
     if (key == 45 && allowMinus) return key;

@@ -3,6 +3,7 @@
 // keep-changes question, the numeric key filter, lists, grids, races and bets.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 
@@ -32,6 +33,12 @@ double RoundPlaces(double value, std::int16_t places);
 // 6 Yes, 7 No, 2 Cancel; 0 without asking when nothing changed. The title is the form's
 // caption; an empty message asks "Do you wish to keep your changes?".
 int KeepChangesQuestion(bool changed, const std::string& formCaption, std::string message = {});
+
+// A window's Form_QueryUnload built on the question: Cancel keeps the window; Yes saves
+// through ok (the window's OK) and keeps the window when that failed and set CancelFlag; No
+// lets it close without saving.
+void KeepChangesOnUnload(bool changed, const std::string& formCaption, bool& cancel,
+                         const std::function<void()>& ok);
 
 // ---- Keyboard and waiting -----------------------------------------------------------------
 

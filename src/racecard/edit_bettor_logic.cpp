@@ -90,17 +90,7 @@ void EditBettorLogic::cmdCancel_Click() {
 }
 
 void EditBettorLogic::Form_QueryUnload(bool& cancel) {
-    switch (KeepChangesQuestion(FormChanged, caption)) {
-        case kCancel:
-            cancel = true;
-            return;
-        case kYes:
-            cmdOK_Click();
-            if (G.CancelFlag) cancel = true;
-            return;
-        default:
-            return;
-    }
+    KeepChangesOnUnload(FormChanged, caption, cancel, [this] { cmdOK_Click(); });
 }
 
 }  // namespace tt

@@ -194,17 +194,7 @@ void EditRacerLogic::cmdCancel_Click() {
 }
 
 void EditRacerLogic::Form_QueryUnload(bool& cancel) {
-    switch (KeepChangesQuestion(FormChanged, caption)) {
-        case kCancel:
-            cancel = true;
-            return;
-        case kYes:
-            cmdOK_Click();
-            if (G.CancelFlag) cancel = true;
-            return;
-        default:
-            return;
-    }
+    KeepChangesOnUnload(FormChanged, caption, cancel, [this] { cmdOK_Click(); });
 }
 
 }  // namespace tt

@@ -108,5 +108,37 @@ TEST_F(BettorsTest, TotalBetIsTakenFromTheCurrentRace) {
     EXPECT_EQ(RF.Bettor(1).BettorPhone, "");
 }
 
+TEST_F(BettorsTest, ClosingWithChangesAsksAndYesKeepsTheWindowUntilTheBettorIsValid) {
+    G.CurrentBettor = 1;
+    EditBettorLogic e;
+    e.Form_Load();
+    e.txtBettorName.text = "";
+    e.Text_Change("txtBettorName");
+    world.messages.Answer(kYes);
+    bool cancel = false;
+    e.Form_QueryUnload(cancel);
+    EXPECT_TRUE(cancel);
+    EXPECT_EQ(world.messages.Texts(), (std::vector<std::string>{"Do you wish to keep your changes?",
+                                                                "Bettor Name is required."}));
+    EXPECT_EQ(world.messages.shown[0].title, "Edit Bettor");
+    EXPECT_EQ(world.messages.shown[0].buttons, Buttons::kYesNoCancel);
+
+    e.txtBettorName.text = "Alicia";
+    world.messages.Answer(kYes);
+    cancel = false;
+    e.Form_QueryUnload(cancel);
+    EXPECT_FALSE(cancel);
+    EXPECT_EQ(RF.Bettor(1).BettorName, "Alicia");
+
+    EditBettorLogic f;
+    f.Form_Load();
+    f.txtBettorName.text = "Alice";
+    f.Text_Change("txtBettorName");
+    world.messages.Answer(kNo);
+    f.Form_QueryUnload(cancel);
+    EXPECT_FALSE(cancel);
+    EXPECT_EQ(RF.Bettor(1).BettorName, "Alicia");
+}
+
 }  // namespace
 }  // namespace tt::test
