@@ -1,38 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
-#include <fstream>
 #include <sstream>
 
-#include "cli/companion.h"
+#include "support/companion_run.h"
 #include "support/fakes.h"
 
 namespace tt::cli {
 namespace {
 
-struct TallyRun {
-    int rc;
-    std::string out, err;
-};
-
-TallyRun Tally(std::vector<std::string> args) {
-    std::ostringstream out, err;
-    int rc = RunTally(args, out, err);
-    return {rc, out.str(), err.str()};
-}
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-std::string WithoutHeader(const std::string& text) { return text.substr(text.find("\r\n")); }
+using namespace test;
 
 TEST(Companion, InfoListsTheCardOfTheExample) {
     TallyRun r = Tally({"info", std::string(TALLY_SOURCE_DIR) + "/examples/spring-meet.tly"});

@@ -6,45 +6,19 @@
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <fstream>
-#include <sstream>
 
-#include "cli/companion.h"
 #include "files/race_file_io.h"
 #include "model/race_file.h"
 #include "payouts/edit_results_logic.h"
 #include "payouts/payout_handling_logic.h"
 #include "payouts/settlement.h"
+#include "support/companion_run.h"
 #include "support/fakes.h"
 
 namespace tt::cli {
 namespace {
 
-struct TallyRun {
-    int rc;
-    std::string out, err;
-};
-
-TallyRun Tally(std::vector<std::string> args) {
-    std::ostringstream out, err;
-    int rc = RunTally(args, out, err);
-    return {rc, out.str(), err.str()};
-}
-
-std::string ReadFile(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-void WriteFile(const std::string& path, const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
-}
-
-std::string WithoutHeader(const std::string& text) {
-    return text.substr(text.find("\r\n"));
-}
+using namespace test;
 
 const DateTime kSaved{2026, 5, 2, 14, 30, 0};
 

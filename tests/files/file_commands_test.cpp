@@ -11,20 +11,10 @@ namespace tt {
 namespace {
 
 using test::FakeWorld;
+using test::SavedCard;
 
 constexpr const char* kFilter = "Tamberlin Tally Files (*.tly)|*.tly|All (*.*)|*.*";
 constexpr const char* kSaveQuestion = "Do you wish to save the changes to file:\r\nDerby Day";
-
-// A card on the fake disk, as the writer saves it.
-std::string SavedCard(const std::string& name, bool withRace) {
-    ClearRaceFile();
-    RF.FileId = 77;
-    RF.FileName = name;
-    if (withRace) RF.Race(1).RaceName = "Opener";
-    std::string text = BuildRaceFileText(DateTime{2026, 3, 1, 12, 0, 0});
-    ClearRaceFile();
-    return text;
-}
 
 // Opens a card the way the chooser does.
 void OpenCard(FakeWorld& w, const std::string& path, const std::string& name, bool withRace) {

@@ -6,7 +6,6 @@
 
 #include <deque>
 #include <initializer_list>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -14,18 +13,9 @@
 #include "payouts/payout_handling_logic.h"
 #include "payouts/settlement.h"
 #include "support/fakes.h"
-
-namespace tt {
-inline void PrintTo(const Currency& c, std::ostream* os) {
-    *os << c.Raw() / 10000.0;
-}
-}  // namespace tt
+#include "support/money.h"
 
 namespace tt::test {
-
-inline Currency C(double v) {
-    return Currency::FromDouble(v);
-}
 
 class PayoutCard : public ::testing::Test {
 protected:

@@ -6,24 +6,14 @@
 
 #include <functional>
 #include <memory>
-#include <ostream>
 #include <string>
 
 #include "model/race_file.h"
 #include "racecard/race_card_logic.h"
 #include "support/fakes.h"
-
-namespace tt {
-inline void PrintTo(const Currency& c, std::ostream* os) {
-    *os << c.Raw() / 10000.0;
-}
-}  // namespace tt
+#include "support/money.h"
 
 namespace tt::test {
-
-inline Currency C(double v) {
-    return Currency::FromDouble(v);
-}
 
 class RaceCardTest : public ::testing::Test {
   protected:

@@ -19,7 +19,6 @@
 #include <optional>
 
 #include "files/file_commands.h"
-#include "files/race_file_io.h"
 #include "model/race_file.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_about.h"
@@ -55,16 +54,6 @@ class StandIn : public QWidget {
         }
     }
 };
-
-std::string SavedCard(bool withRace) {
-    ClearRaceFile();
-    RF.FileId = 77;
-    RF.FileName = "Derby Day";
-    if (withRace) RF.Race(1).RaceName = "Opener";
-    std::string text = BuildRaceFileText(DateTime{2026, 3, 1, 12, 0, 0});
-    ClearRaceFile();
-    return text;
-}
 
 const std::vector<std::string> kAlways = {"mnuFileNew",
                                           "mnuFileOpen",
@@ -130,8 +119,8 @@ class MainWindow : public ::testing::Test {
         main->MDIForm_Load();
         PrepareDocument();
         main->show();
-        w.files.files["/c/derby.tly"] = SavedCard(true);
-        w.files.files["/c/empty.tly"] = SavedCard(false);
+        w.files.files["/c/derby.tly"] = test::SavedCard("Derby Day", true);
+        w.files.files["/c/empty.tly"] = test::SavedCard("Derby Day", false);
     }
     void TearDown() override {
         StandIn::refuse = false;

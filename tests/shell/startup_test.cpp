@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "files/file_commands.h"
-#include "files/race_file_io.h"
 #include "model/race_file.h"
 #include "shell/error_path.h"
 #include "shell/startup.h"
@@ -11,17 +10,7 @@ namespace tt {
 namespace {
 
 using test::FakeWorld;
-
-// A small card on the fake disk, as the writer saves it.
-std::string SavedCard(const std::string& name, bool withRace) {
-    ClearRaceFile();
-    RF.FileId = 77;
-    RF.FileName = name;
-    if (withRace) RF.Race(1).RaceName = "Opener";
-    std::string text = BuildRaceFileText(DateTime{2026, 3, 1, 12, 0, 0});
-    ClearRaceFile();
-    return text;
-}
+using test::SavedCard;
 
 TEST(StartUp, FirstStartUsesDefaultPlacementAndOffersOnlyMoreFilesAndNew) {
     FakeWorld w;

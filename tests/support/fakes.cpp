@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "files/race_file_io.h"
 #include "model/app_error.h"
 #include "model/race_file.h"
 
@@ -137,6 +138,16 @@ std::string ReadSourceFile(const std::string& relativePath) {
     std::ostringstream s;
     s << in.rdbuf();
     return s.str();
+}
+
+std::string SavedCard(const std::string& name, bool withRace) {
+    ClearRaceFile();
+    RF.FileId = 77;
+    RF.FileName = name;
+    if (withRace) RF.Race(1).RaceName = "Opener";
+    std::string text = BuildRaceFileText(DateTime{2026, 3, 1, 12, 0, 0});
+    ClearRaceFile();
+    return text;
 }
 
 }  // namespace tt::test

@@ -171,4 +171,8 @@ private:
 // The bytes of a file in the source tree, such as an example card.
 std::string ReadSourceFile(const std::string& relativePath);
 
+// A small card as the writer saves it: file ID 77, the name given, and a race 1 "Opener" when
+// asked. The document is left clear.
+std::string SavedCard(const std::string& name, bool withRace);
+
 }  // namespace tt::test
