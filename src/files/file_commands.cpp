@@ -114,6 +114,21 @@ void WriteAgainAfterYes() {
     if (!G.FilePath.empty()) WriteRaceFile();
 }
 
+// Before Open and the recent files read another card: the child windows close, the changes are
+// saved if wanted, and the document is cleared with its commands off. False when a window
+// refused to close or the user cancelled; the card then stays as it is.
+bool LeaveOpenFile() {
+    Shell().CloseChildWindows();
+    if (G.CancelFlag) return false;
+    Shell().ShowLogo();
+    int answer = SaveFileChanges(bool(G.FileChanged));
+    if (answer == kYes) WriteAgainAfterYes();
+    if (answer == kCancel) return false;
+    ClearRaceFile();
+    DisableFileCommands();
+    return true;
+}
+
 }  // namespace
 
 void mnuFileNew_Click() {
@@ -134,14 +149,7 @@ void mnuFileNew_Click() {
 
 void mnuFileOpen_Click() {
     try {
-        Shell().CloseChildWindows();
-        if (G.CancelFlag) return;
-        Shell().ShowLogo();
-        int answer = SaveFileChanges(bool(G.FileChanged));
-        if (answer == kYes) WriteAgainAfterYes();
-        if (answer == kCancel) return;
-        ClearRaceFile();
-        DisableFileCommands();
+        if (!LeaveOpenFile()) return;
         FileDialogRequest req;
         req.title = "Open";
         req.filter = kRaceFileFilter;
@@ -221,14 +229,7 @@ void mnuFileMRU_Click(int index) {
                        Buttons::kYesNo, Icon::kExclamation) == kNo)
                 return;
         }
-        Shell().CloseChildWindows();
-        if (G.CancelFlag) return;
-        Shell().ShowLogo();
-        int answer = SaveFileChanges(bool(G.FileChanged));
-        if (answer == kYes) WriteAgainAfterYes();
-        if (answer == kCancel) return;
-        ClearRaceFile();
-        DisableFileCommands();
+        if (!LeaveOpenFile()) return;
         G.FilePath = caption;
         if (!G.FilePath.empty()) OpenRaceFile();
     } catch (const std::exception& e) {
