@@ -38,7 +38,12 @@ void OutOfOrder(const char* what) {
            Icon::kExclamation);
 }
 
-void ReadRaceFields(FieldReader& in, RaceRec& race) {
+// A race's settings; version 2.0 adds the quick bets after an empty field.
+void ReadRace(FieldReader& in, bool quickBets) {
+    G.CurrentRace = in.ReadInt16();
+    G.CurrentRacer = 0;
+    if (G.CurrentRace < 0 || G.CurrentRace > kMaxRace) return;
+    RaceRec& race = RF.Race(G.CurrentRace);
     in.ReadText(race.RaceName);
     race.MinBet = in.ReadCurrency();
     race.MinPayout = in.ReadCurrency();
@@ -51,6 +56,9 @@ void ReadRaceFields(FieldReader& in, RaceRec& race) {
         race.CorrectPaid(t) = in.ReadInt16();
     }
     for (int k = 0; k <= 5; ++k) race.Result(k) = in.ReadInt16();
+    if (!quickBets) return;
+    in.Next();  // the empty field after the trailing comma
+    for (int q = 1; q <= 5; ++q) race.QuickBet(q) = in.ReadCurrency();
 }
 
 void ReadRacer(FieldReader& in) {
@@ -167,50 +175,6 @@ void ReadParms20(FieldReader& in) {
     DrawFileId();
 }
 
-}  // namespace
-
-void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
-    while (!in.AtEnd()) {
-        std::string_view f = in.Next();
-        Tag tag = TagOf(f);
-        if (tag == Tag::kNone) continue;
-        progress.field.assign(f);
-        ++progress.count;
-        switch (tag) {
-            case Tag::kParms:
-                ReadParms20(in);
-                break;
-            case Tag::kRace: {
-                G.CurrentRace = in.ReadInt16();
-                G.CurrentRacer = 0;
-                if (G.CurrentRace < 0 || G.CurrentRace > kMaxRace) break;
-                RaceRec& race = RF.Race(G.CurrentRace);
-                ReadRaceFields(in, race);
-                in.Next();  // the empty field after the trailing comma
-                for (int q = 1; q <= 5; ++q) race.QuickBet(q) = in.ReadCurrency();
-                break;
-            }
-            case Tag::kRacer:
-                ReadRacer(in);
-                break;
-            case Tag::kBettor:
-                ReadBettor(in);
-                break;
-            case Tag::kBet:
-                ReadBet20(in);
-                break;
-            case Tag::kPayout:
-                ReadPayout(in);
-                break;
-            case Tag::kHeader:
-            case Tag::kNone:
-                break;
-        }
-    }
-}
-
-namespace {
-
 // The settings that version 1.0 did not have, set again before every field.
 void Defaults10() {
     RF.TicketCount = 0;
@@ -279,13 +243,14 @@ void ReadBet10(FieldReader& in) {
     t.LastBet = G.CurrentBet;
 }
 
-}  // namespace
-
-void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
-    // The defaults are set again at the top of every pass, after the test for the end of the
-    // file: so a TicketCount that the last bet set stands only when nothing follows it.
+// The records after the header, in the order they stand in the file. Version 1.0 has its own
+// parameters and bets and no quick bets.
+template <bool kVersion10>
+void ReadRecords(FieldReader& in, ReadProgress& progress) {
+    // Version 1.0 sets its defaults again at the top of every pass, after the test for the end
+    // of the file: so a TicketCount that the last bet set stands only when nothing follows it.
     while (!in.AtEnd()) {
-        Defaults10();
+        if constexpr (kVersion10) Defaults10();
         std::string_view f = in.Next();
         Tag tag = TagOf(f);
         if (tag == Tag::kNone) continue;
@@ -293,13 +258,13 @@ void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
         ++progress.count;
         switch (tag) {
             case Tag::kParms:
-                ReadParms10(in);
+                if constexpr (kVersion10)
+                    ReadParms10(in);
+                else
+                    ReadParms20(in);
                 break;
             case Tag::kRace:
-                G.CurrentRace = in.ReadInt16();
-                G.CurrentRacer = 0;
-                if (G.CurrentRace < 0 || G.CurrentRace > kMaxRace) break;
-                ReadRaceFields(in, RF.Race(G.CurrentRace));
+                ReadRace(in, !kVersion10);
                 break;
             case Tag::kRacer:
                 ReadRacer(in);
@@ -308,7 +273,10 @@ void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
                 ReadBettor(in);
                 break;
             case Tag::kBet:
-                ReadBet10(in);
+                if constexpr (kVersion10)
+                    ReadBet10(in);
+                else
+                    ReadBet20(in);
                 break;
             case Tag::kPayout:
                 ReadPayout(in);
@@ -320,6 +288,16 @@ void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
     }
 }
 
+}  // namespace
+
+void ReadRaceFile20(FieldReader& in, ReadProgress& progress) {
+    ReadRecords<false>(in, progress);
+}
+
+void ReadRaceFile10(FieldReader& in, ReadProgress& progress) {
+    ReadRecords<true>(in, progress);
+}
+
 namespace {
 
 void EndRead() {
@@ -329,6 +307,18 @@ void EndRead() {
 // The number of a cancelled dialog is never reported: its handler only restores the pointer.
 bool CancelledDialog(const AppError& err) {
     return err.Number() == kErrCancel;
+}
+
+// A file that could not be read: the lead and the error after a beep, and the file forgotten,
+// unless the user only cancelled a dialog. The busy pointer goes either way.
+void ReadFailed(const std::exception& e, const std::string& lead) {
+    AppError err = ToAppError(e);
+    if (!CancelledDialog(err)) {
+        Beep();
+        MsgBox(JoinParts({lead, err.Text()}));
+        G.FilePath.clear();
+    }
+    EndRead();
 }
 
 }  // namespace
@@ -347,13 +337,7 @@ void OpenRaceFile() {
     try {
         data = Files().ReadAll(G.FilePath);
     } catch (const std::exception& e) {
-        AppError err = ToAppError(e);
-        if (!CancelledDialog(err)) {
-            Beep();
-            MsgBox(JoinParts({"Unable to read file", err.Text()}));
-            G.FilePath.clear();
-        }
-        EndRead();
+        ReadFailed(e, "Unable to read file");
         return;
     }
 
@@ -403,13 +387,7 @@ void OpenRaceFile() {
             }
         }
     } catch (const std::exception& e) {
-        AppError err = ToAppError(e);
-        if (!CancelledDialog(err)) {
-            Beep();
-            MsgBox(JoinParts({"Error in processing the " + lastField + " record.", err.Text()}));
-            G.FilePath.clear();
-        }
-        EndRead();
+        ReadFailed(e, "Error in processing the " + lastField + " record.");
         return;
     }
 
@@ -418,14 +396,7 @@ void OpenRaceFile() {
         try {
             ReadRaceFile10(in, progress);
         } catch (const std::exception& e) {
-            AppError err = ToAppError(e);
-            if (!CancelledDialog(err)) {
-                Beep();
-                MsgBox(JoinParts(
-                    {"Error in processing the " + progress.field + " record.", err.Text()}));
-                G.FilePath.clear();
-            }
-            EndRead();
+            ReadFailed(e, "Error in processing the " + progress.field + " record.");
         }
     } else {
         try {
