@@ -81,8 +81,7 @@ void frmEditBettor::Run(const std::function<void()>& event) {
 
 bool frmEditBettor::eventFilter(QObject* watched, QEvent* event) {
     if (auto* e = qobject_cast<QLineEdit*>(watched); e && event->type() == QEvent::FocusIn) {
-        auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason)
+        if (UserFocusReason(static_cast<QFocusEvent*>(event)->reason()))
             Run([&] { logic.Text_GotFocus(S(e->objectName())); });
     }
     return QDialog::eventFilter(watched, event);

@@ -121,8 +121,7 @@ bool frmEditRacer::eventFilter(QObject* watched, QEvent* event) {
     if (!edit || refreshing_) return QDialog::eventFilter(watched, event);
     const QString name = edit->objectName();
     if (event->type() == QEvent::FocusIn) {
-        auto reason = static_cast<QFocusEvent*>(event)->reason();
-        if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        if (UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) {
             if (name == "txtPostPos")
                 Run([&] { logic.txtPostPos_GotFocus(); });
             else if (name == "txtProgramNbr")

@@ -40,10 +40,6 @@ int KeyCode(const QKeyEvent* e) {
     return c == 0 ? 0 : static_cast<int>(c);
 }
 
-bool UserFocusReason(Qt::FocusReason r) {
-    return r != Qt::ActiveWindowFocusReason && r != Qt::PopupFocusReason;
-}
-
 const char* const kRoundSuffix[5] = {"001", "010", "25", "50", "1"};
 
 }  // namespace

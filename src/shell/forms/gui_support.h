@@ -36,6 +36,12 @@ double ToTwips(int pixels);
 // window closes (never the main window).
 void Guard(QWidget* form, bool unloadOnError, const std::function<void()>& handler);
 
+// A focus change that the text boxes' GotFocus and LostFocus events follow: not the window
+// coming to the front or going behind, nor a popup opening or closing.
+inline bool UserFocusReason(Qt::FocusReason reason) {
+    return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason;
+}
+
 // The end of a window's refresh: the focus moves to the control the logic named, and the text of
 // the box named in selectText is selected once the focus is there. Both requests are then done.
 void ApplyFocus(QWidget* form, FormState& logic);
