@@ -14,7 +14,11 @@ void FillBetTypeNames() {
     static const char* const kNames[] = {"",        "Win",    "Place",  "Show",
                                          "Exacta",  "Trifecta", "Daily Double", "Pick 3",
                                          "Pick 4",  "Pick 5", "Pick 6", "Across the Board"};
-    for (int i = 0; i <= 11; ++i) G.BetTypeName(i) = kNames[i];
+    for (int i = 0; i <= kAcrossTheBoard; ++i) G.BetTypeName(i) = kNames[i];
+}
+
+const std::string& Name(BetType t) {
+    return G.BetTypeName(Code(t));
 }
 
 void ClearRaceFile() {
@@ -42,7 +46,7 @@ void ClearRaceFile() {
         race.HoldbackPct = 0;
         race.RacerCount = 0;
         for (int t = 1; t <= kBetTypes; ++t) {
-            race.BetType(t) = t <= 3;
+            race.BetType(t) = IsWinPlaceShow(BetTypeOf(t));
             race.CorrectPaid(t) = 0;
         }
         for (int k = 1; k <= 5; ++k) race.Result(k) = 0;

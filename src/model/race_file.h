@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/app_error.h"
+#include "model/bet_type.h"
 #include "model/checked_int.h"
 #include "model/currency.h"
 #include "model/date_time.h"
@@ -16,8 +17,6 @@ namespace tt {
 
 inline constexpr int kMaxRace = 20;      // races are 1 to 20; 0 holds the defaults
 inline constexpr int kSpareRace = 21;    // never saved, loaded or cleared
-inline constexpr int kBetTypes = 10;     // codes with a slot in Race.BetType
-inline constexpr int kAcrossTheBoard = 11;
 
 struct RaceRec {
     std::string RaceName;
