@@ -43,7 +43,7 @@ namespace {
 
 // No message box is expected while the card is made: each one is reported and fails the run.
 class Messages : public MessagePort {
-public:
+  public:
     int Show(const MessageRequest& r) override {
         std::fprintf(stderr, "make-spring-meet: unexpected message: %s\n", r.text.c_str());
         failed = true;
@@ -55,7 +55,7 @@ public:
 
 // The main window as the windows see it: a window is shown by running its script.
 class ScriptShell : public ShellPort {
-public:
+  public:
     std::map<std::string, std::function<void()>> onShow;
     void SetBusy(bool) override {}
     void DoEvents() override {}
@@ -82,7 +82,7 @@ public:
 };
 
 class SaveDialog : public FileDialogPort {
-public:
+  public:
     std::optional<std::string> Open(const FileDialogRequest&) override { return std::nullopt; }
     std::optional<std::string> Save(const FileDialogRequest&) override { return name; }
     std::string name;
@@ -90,28 +90,32 @@ public:
 
 // The saved card's header carries this time, so the file stays the same from run to run.
 class FixedClock : public ClockPort {
-public:
+  public:
     DateTime Now() override { return DateTime{2026, 4, 18, 9, 0, 0}; }
     std::int64_t MonotonicMs() override { return 0; }
 };
 
 // The draw that gives the card its file identity, 4172.
 class FixedRandom : public RandomPort {
-public:
+  public:
     void Randomize() override {}
     double Rnd() override { return 4171.5 / 30000.0; }
 };
 
 class MemoryFiles : public FileSystemPort {
-public:
+  public:
     std::map<std::string, std::string> files;
     std::string ReadAll(const std::string& path) override {
         auto it = files.find(path);
         if (it == files.end()) throw AppError(kErrFileNotFound);
         return it->second;
     }
-    void WriteAll(const std::string& path, std::string_view data) override { files[path] = std::string(data); }
-    void Append(const std::string& path, std::string_view data) override { files[path].append(data); }
+    void WriteAll(const std::string& path, std::string_view data) override {
+        files[path] = std::string(data);
+    }
+    void Append(const std::string& path, std::string_view data) override {
+        files[path].append(data);
+    }
     void Rename(const std::string& from, const std::string& to) override {
         auto it = files.find(from);
         if (it == files.end()) throw AppError(kErrFileNotFound);
@@ -141,46 +145,82 @@ struct RaceDef {
 };
 
 const std::vector<RaceDef> kRaces = {
-    {"Maiden Sprint", {4, 6},
-     {{"1", "Dandelion Dancer", 1, "1", 5, 2}, {"2", "Copper Kettle", 2, "2", 3, 1},
-      {"3", "Miss Puddleby", 3, "3", 6, 1}, {"4", "Long Shot Larry", 4, "4", 20, 1},
-      {"5", "April Fool", 5, "5", 9, 2}, {"6", "Clover Hill", 6, "6", 4, 1}}},
-    {"Meadowlark Handicap", {4},
-     {{"1", "Thistledown", 1, "2", 2, 1}, {"1A", "Thistle Bloom", 1, "6", 2, 1},
-      {"2", "Rusty Spur", 2, "1", 7, 2}, {"3", "Paper Moon", 3, "3", 5, 1},
-      {"4", "Gingersnap", 4, "4", 8, 1}, {"5", "Harbor Light", 5, "5", 9, 2},
+    {"Maiden Sprint",
+     {4, 6},
+     {{"1", "Dandelion Dancer", 1, "1", 5, 2},
+      {"2", "Copper Kettle", 2, "2", 3, 1},
+      {"3", "Miss Puddleby", 3, "3", 6, 1},
+      {"4", "Long Shot Larry", 4, "4", 20, 1},
+      {"5", "April Fool", 5, "5", 9, 2},
+      {"6", "Clover Hill", 6, "6", 4, 1}}},
+    {"Meadowlark Handicap",
+     {4},
+     {{"1", "Thistledown", 1, "2", 2, 1},
+      {"1A", "Thistle Bloom", 1, "6", 2, 1},
+      {"2", "Rusty Spur", 2, "1", 7, 2},
+      {"3", "Paper Moon", 3, "3", 5, 1},
+      {"4", "Gingersnap", 4, "4", 8, 1},
+      {"5", "Harbor Light", 5, "5", 9, 2},
       {"6", "Sir Wobbles", 6, "7", 12, 1}}},
-    {"Tamberlin Stakes", {4, 5, 7},
-     {{"1", "Northern Dasher", 1, "1", 8, 5}, {"2", "Queen of Spades", 2, "2", 3, 1},
-      {"3", "Muddy Boots", 3, "3", 10, 1}, {"4", "Pennywhistle", 4, "4", 4, 1},
-      {"5", "Gallant Gus", 5, "5", 6, 1}, {"6", "Lady Marmalade", 6, "6", 15, 1},
-      {"7", "Thunder Road", 7, "7", 5, 1}, {"8", "Briar Patch", 8, "8", 30, 1}}},
-    {"Juvenile Dash", {4},
-     {{"1", "Little Tornado", 1, "1", 2, 1}, {"2", "Buttercup", 2, "2", 5, 2},
-      {"3", "Pip Squeak", 3, "3", 6, 1}, {"4", "Sunny Side Up", 4, "4", 4, 1, true},
-      {"5", "Hopscotch", 5, "5", 8, 1}, {"6", "Tiny Tim", 6, "6", 12, 1}}},
-    {"Willow Creek Mile", {4, 5},
-     {{"1", "Silver Birch", 1, "1", 7, 2}, {"2", "Old Faithful", 2, "2", 3, 1},
-      {"3", "Red Baron", 3, "3", 9, 2}, {"4", "Moonlight Sonata", 4, "4", 5, 2},
-      {"5", "Cinnamon Toast", 5, "5", 10, 1}, {"6", "Wanderlust", 6, "6", 6, 1},
+    {"Tamberlin Stakes",
+     {4, 5, 7},
+     {{"1", "Northern Dasher", 1, "1", 8, 5},
+      {"2", "Queen of Spades", 2, "2", 3, 1},
+      {"3", "Muddy Boots", 3, "3", 10, 1},
+      {"4", "Pennywhistle", 4, "4", 4, 1},
+      {"5", "Gallant Gus", 5, "5", 6, 1},
+      {"6", "Lady Marmalade", 6, "6", 15, 1},
+      {"7", "Thunder Road", 7, "7", 5, 1},
+      {"8", "Briar Patch", 8, "8", 30, 1}}},
+    {"Juvenile Dash",
+     {4},
+     {{"1", "Little Tornado", 1, "1", 2, 1},
+      {"2", "Buttercup", 2, "2", 5, 2},
+      {"3", "Pip Squeak", 3, "3", 6, 1},
+      {"4", "Sunny Side Up", 4, "4", 4, 1, true},
+      {"5", "Hopscotch", 5, "5", 8, 1},
+      {"6", "Tiny Tim", 6, "6", 12, 1}}},
+    {"Willow Creek Mile",
+     {4, 5},
+     {{"1", "Silver Birch", 1, "1", 7, 2},
+      {"2", "Old Faithful", 2, "2", 3, 1},
+      {"3", "Red Baron", 3, "3", 9, 2},
+      {"4", "Moonlight Sonata", 4, "4", 5, 2},
+      {"5", "Cinnamon Toast", 5, "5", 10, 1},
+      {"6", "Wanderlust", 6, "6", 6, 1},
       {"7", "Haystack", 7, "7", 20, 1}}},
-    {"Ladies' Cup", {4, 6},
-     {{"1", "Duchess", 1, "1", 3, 1}, {"2", "Violet Hour", 2, "2", 5, 2},
-      {"3", "Marigold", 3, "3", 4, 1}, {"4", "Starling", 4, "4", 6, 1},
-      {"5", "Rosie Posie", 5, "5", 8, 1}, {"6", "Belle of the Ball", 6, "6", 9, 2},
-      {"7", "Fern Gully", 7, "7", 15, 1}, {"8", "Honeybee", 8, "8", 12, 1},
+    {"Ladies' Cup",
+     {4, 6},
+     {{"1", "Duchess", 1, "1", 3, 1},
+      {"2", "Violet Hour", 2, "2", 5, 2},
+      {"3", "Marigold", 3, "3", 4, 1},
+      {"4", "Starling", 4, "4", 6, 1},
+      {"5", "Rosie Posie", 5, "5", 8, 1},
+      {"6", "Belle of the Ball", 6, "6", 9, 2},
+      {"7", "Fern Gully", 7, "7", 15, 1},
+      {"8", "Honeybee", 8, "8", 12, 1},
       {"9", "Snapdragon", 9, "9", 20, 1}}},
-    {"Claiming Race", {4},
-     {{"1", "Second Chance", 1, "1", 5, 2}, {"2", "Bargain Bin", 2, "2", 3, 1},
-      {"3", "Last Call", 3, "3", 4, 1}, {"4", "Ol' Reliable", 4, "4", 6, 1},
-      {"5", "Fortune Cookie", 5, "5", 10, 1}, {"6", "Pocket Change", 6, "6", 8, 1},
+    {"Claiming Race",
+     {4},
+     {{"1", "Second Chance", 1, "1", 5, 2},
+      {"2", "Bargain Bin", 2, "2", 3, 1},
+      {"3", "Last Call", 3, "3", 4, 1},
+      {"4", "Ol' Reliable", 4, "4", 6, 1},
+      {"5", "Fortune Cookie", 5, "5", 10, 1},
+      {"6", "Pocket Change", 6, "6", 8, 1},
       {"7", "Tin Cup", 7, "7", 25, 1}}},
-    {"Spring Meet Derby", {4, 5},
-     {{"1", "Regal Thunder", 1, "1", 6, 5}, {"2", "Midnight Express", 2, "2", 4, 1},
-      {"3", "Golden Goose", 3, "3", 5, 1}, {"4", "Prairie Wind", 4, "4", 7, 2},
-      {"5", "Captain Crunch", 5, "5", 12, 1}, {"6", "Whisper Jet", 6, "6", 9, 2},
-      {"7", "Rocket Fuel", 7, "7", 15, 1}, {"8", "Lucky Clover", 8, "8", 10, 1},
-      {"9", "Mister Biscuit", 9, "9", 30, 1}, {"10", "Dusty Trail", 10, "10", 20, 1}}},
+    {"Spring Meet Derby",
+     {4, 5},
+     {{"1", "Regal Thunder", 1, "1", 6, 5},
+      {"2", "Midnight Express", 2, "2", 4, 1},
+      {"3", "Golden Goose", 3, "3", 5, 1},
+      {"4", "Prairie Wind", 4, "4", 7, 2},
+      {"5", "Captain Crunch", 5, "5", 12, 1},
+      {"6", "Whisper Jet", 6, "6", 9, 2},
+      {"7", "Rocket Fuel", 7, "7", 15, 1},
+      {"8", "Lucky Clover", 8, "8", 10, 1},
+      {"9", "Mister Biscuit", 9, "9", 30, 1},
+      {"10", "Dusty Trail", 10, "10", 20, 1}}},
 };
 
 struct BettorDef {

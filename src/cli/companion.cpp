@@ -99,7 +99,8 @@ int Recent(Context& c) {
     if (files.size() != 2) return -1;
     auto settings = MakeUserSettings();
     ConsoleWorld world(c.err, Policy::kCancel, settings.get());
-    for (int i = 0; i < 4; ++i) G.Mru[static_cast<std::size_t>(i)] = settings->Get("MRU" + std::to_string(i)).value_or("");
+    for (int i = 0; i < 4; ++i)
+        G.Mru[static_cast<std::size_t>(i)] = settings->Get("MRU" + std::to_string(i)).value_or("");
     AddMRU(files[1].toStdString());
     return 0;
 }
@@ -129,7 +130,8 @@ int RaceOption(Context& c) {
     return race;
 }
 
-int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers, const std::string& path);
+int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers,
+               const std::string& path);
 
 int Settle(Context& c) {
     const QStringList files = c.parser.positionalArguments();
@@ -176,14 +178,16 @@ int Settle(Context& c) {
     }
 }
 
-int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers, const std::string& path) {
+int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers,
+               const std::string& path) {
     G.CurrentRace = race;
     bool calculated = false;
     if (!finishers.empty()) {
         EditResultsLogic results;
         results.Form_Load();
         for (int k = 1; k <= 5; ++k) {
-            if (RF.Race(race).Result(k) != finishers[static_cast<std::size_t>(k - 1)]) calculated = true;
+            if (RF.Race(race).Result(k) != finishers[static_cast<std::size_t>(k - 1)])
+                calculated = true;
             ListData& list = results.comRacerName[static_cast<std::size_t>(k)].list;
             int index = -1;
             for (int i = 0; i < list.ListCount(); ++i)
@@ -232,7 +236,8 @@ int Payouts(Context& c) {
 const char* kUsage =
     "usage: tally info FILE\n"
     "       tally resave FILE -o OUT [--yes]\n"
-    "       tally settle FILE --race N [--result S1,S2,S3,S4,S5] [--handling most|payback|nopay] [-o OUT]\n"
+    "       tally settle FILE --race N [--result S1,S2,S3,S4,S5] [--handling most|payback|nopay] "
+    "[-o OUT]\n"
     "       tally payouts FILE --race N\n"
     "       tally recent FILE\n";
 
@@ -245,15 +250,21 @@ int RunTally(const std::vector<std::string>& args, std::ostream& out, std::ostre
     parser.addOption({{"o", "output"}, "Where to save.", "OUT"});
     parser.addOption({"yes", "Answer OK to the questions about older or later versions."});
     parser.addOption({"race", "The race.", "N"});
-    parser.addOption({"result", "The racer finishers of the five finishers, 0 for none.", "S1,S2,S3,S4,S5"});
-    parser.addOption({"handling", "How to pay a pool without winners: most, payback or nopay.", "HOW"});
+    parser.addOption(
+        {"result", "The racer finishers of the five finishers, 0 for none.", "S1,S2,S3,S4,S5"});
+    parser.addOption(
+        {"handling", "How to pay a pool without winners: most, payback or nopay.", "HOW"});
     if (!parser.parse(list)) {
         err << "tally: " << parser.errorText().toStdString() << "\n" << kUsage;
         return 2;
     }
     const QStringList pos = parser.positionalArguments();
     static const std::map<std::string, std::function<int(Context&)>> kCommands = {
-        {"info", Info}, {"resave", Resave}, {"recent", Recent}, {"settle", Settle}, {"payouts", Payouts}};
+        {"info", Info},
+        {"resave", Resave},
+        {"recent", Recent},
+        {"settle", Settle},
+        {"payouts", Payouts}};
     auto it = pos.isEmpty() ? kCommands.end() : kCommands.find(pos[0].toStdString());
     if (it == kCommands.end()) {
         err << kUsage;

@@ -9,14 +9,14 @@ namespace tt::cli {
 
 namespace {
 class MemorySettings : public SettingsPort {
-public:
+  public:
     std::optional<std::string> Get(const std::string& key) override {
         auto it = values_.find(key);
         return it == values_.end() ? std::nullopt : std::optional<std::string>(it->second);
     }
     void Set(const std::string& key, const std::string& value) override { values_[key] = value; }
 
-private:
+  private:
     std::map<std::string, std::string> values_;
 };
 }  // namespace
@@ -28,15 +28,21 @@ int ConsoleMessages::Show(const MessageRequest& r) {
     err_.flush();
     bool yes = policy_ == Policy::kYes;
     switch (r.buttons) {
-        case Buttons::kOK: return kOK;
-        case Buttons::kOKCancel: return yes ? kOK : kCancel;
-        case Buttons::kYesNo: return yes ? kYes : kNo;
-        case Buttons::kYesNoCancel: return yes ? kYes : kCancel;
+        case Buttons::kOK:
+            return kOK;
+        case Buttons::kOKCancel:
+            return yes ? kOK : kCancel;
+        case Buttons::kYesNo:
+            return yes ? kYes : kNo;
+        case Buttons::kYesNoCancel:
+            return yes ? kYes : kCancel;
     }
     return kOK;
 }
 
-void ConsoleShell::CloseChildWindows() { G.CancelFlag = false; }
+void ConsoleShell::CloseChildWindows() {
+    G.CancelFlag = false;
+}
 
 void ConsoleShell::ShowForm(const std::string& name, bool) {
     if (onShow) onShow(name);

@@ -15,12 +15,12 @@ namespace tt::cli {
 enum class Policy { kYes, kCancel };
 
 class ConsoleMessages : public MessagePort {
-public:
+  public:
     ConsoleMessages(std::ostream& err, Policy policy) : err_(err), policy_(policy) {}
     int Show(const MessageRequest& request) override;
     void Beep() override {}
 
-private:
+  private:
     std::ostream& err_;
     Policy policy_;
     bool first_ = true;
@@ -28,7 +28,7 @@ private:
 
 // A shell with no windows. A window that a command needs is run by the handler set for it.
 class ConsoleShell : public ShellPort {
-public:
+  public:
     void SetBusy(bool) override {}
     void DoEvents() override {}
     void SetTitle(const std::string&) override {}
@@ -50,12 +50,12 @@ public:
 
 // Installs the companion's ports over a fresh document for one command.
 class ConsoleWorld {
-public:
+  public:
     ConsoleWorld(std::ostream& err, Policy policy, SettingsPort* settings = nullptr);
     ~ConsoleWorld();
     ConsoleShell shell;
 
-private:
+  private:
     ConsoleMessages messages_;
     std::unique_ptr<SettingsPort> memorySettings_;
     std::unique_ptr<ClockPort> clock_;

@@ -32,8 +32,8 @@ void OpenRaceFile();
 
 // Where the reader stands, for its error messages.
 struct ReadProgress {
-    std::string field;        // the tag of the record being read
-    std::int64_t count = 0;   // records seen
+    std::string field;       // the tag of the record being read
+    std::int64_t count = 0;  // records seen
 };
 
 // The record loops, for the current format and for version 1.0 files.

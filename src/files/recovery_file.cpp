@@ -6,7 +6,8 @@
 
 namespace tt {
 
-void RecoveryFailure(const char* stage, int number, const std::string& text, const std::string& source) {
+void RecoveryFailure(const char* stage, int number, const std::string& text,
+                     const std::string& source) {
     RF.RecoveryFlag = false;
     MsgBox(JoinParts({std::string("The system has detected an unexpected error") + kCrLf + stage +
                           " the Recovery File!",
@@ -27,9 +28,19 @@ void TestRecoveryFile() {
 }
 
 void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t fileId) {
-    auto text = [&](const std::string& s) { out += '"'; out += s; out += "\","; };
-    auto num = [&](std::int64_t v) { AppendFileNumber(v, out); out += ','; };
-    auto money = [&](Currency c) { AppendFileNumber(out, c); out += ','; };
+    auto text = [&](const std::string& s) {
+        out += '"';
+        out += s;
+        out += "\",";
+    };
+    auto num = [&](std::int64_t v) {
+        AppendFileNumber(v, out);
+        out += ',';
+    };
+    auto money = [&](Currency c) {
+        AppendFileNumber(out, c);
+        out += ',';
+    };
     auto flag = [&](Flag f) { out += f ? "#TRUE#," : "#FALSE#,"; };
     text(kRecoveryTag);
     text(kRecoveryVersion);

@@ -43,7 +43,8 @@ void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t f
 // Reads the fields after a row's FileId, and the empty field that ends the line.
 void ReadRecoveryRest(FieldReader& in, RecoveryRow& row);
 // The warning shown when the recovery file fails; "opening" or "processing" names the stage.
-void RecoveryFailure(const char* stage, int number, const std::string& text, const std::string& source);
+void RecoveryFailure(const char* stage, int number, const std::string& text,
+                     const std::string& source);
 
 // The file is never held open between operations; closing the channel is a no-op kept for
 // the places that close it.

@@ -34,7 +34,7 @@ enum ErrorNumber : int {
 std::string ErrorText(int number);
 
 class AppError : public std::runtime_error {
-public:
+  public:
     explicit AppError(int number);
     AppError(int number, std::string text);
 
@@ -43,7 +43,7 @@ public:
     // Where the error was raised, as the general error box names it.
     const std::string& Source() const { return source_; }
 
-private:
+  private:
     int number_;
     std::string text_;
     std::string source_;

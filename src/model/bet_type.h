@@ -31,24 +31,38 @@ inline constexpr int kAcrossTheBoard = 11;
 
 // The code as the file and the tables hold it, and back. Any number converts; the helpers
 // below answer false or 1 for a code that names no type.
-constexpr std::int16_t Code(BetType t) { return static_cast<std::int16_t>(t); }
+constexpr std::int16_t Code(BetType t) {
+    return static_cast<std::int16_t>(t);
+}
 constexpr BetType BetTypeOf(std::int64_t code) {
     return static_cast<BetType>(static_cast<std::int16_t>(code));
 }
 
 // Codes 1 to 11.
-constexpr bool IsBetType(std::int64_t code) { return code >= 1 && code <= kAcrossTheBoard; }
+constexpr bool IsBetType(std::int64_t code) {
+    return code >= 1 && code <= kAcrossTheBoard;
+}
 // Win, Place and Show: one pick, one pool each.
-constexpr bool IsWinPlaceShow(BetType t) { return t >= BetType::kWin && t <= BetType::kShow; }
+constexpr bool IsWinPlaceShow(BetType t) {
+    return t >= BetType::kWin && t <= BetType::kShow;
+}
 // Exacta and Trifecta: several picks in one race, and they can be boxed.
-constexpr bool IsExotic(BetType t) { return t == BetType::kExacta || t == BetType::kTrifecta; }
+constexpr bool IsExotic(BetType t) {
+    return t == BetType::kExacta || t == BetType::kTrifecta;
+}
 // The Daily Double and Pick 3 to Pick 6 span consecutive races, one pick a race.
-constexpr bool IsMultiRace(BetType t) { return t >= BetType::kDailyDouble && t <= BetType::kPick6; }
+constexpr bool IsMultiRace(BetType t) {
+    return t >= BetType::kDailyDouble && t <= BetType::kPick6;
+}
 
 // The races a bet of this type spans: two for the Daily Double up to six for Pick 6, else one.
-constexpr int LegCount(BetType t) { return IsMultiRace(t) ? Code(t) - 4 : 1; }
+constexpr int LegCount(BetType t) {
+    return IsMultiRace(t) ? Code(t) - 4 : 1;
+}
 // The last race of the span of a bet stored under its first race.
-constexpr int LastLeg(int firstRace, BetType t) { return firstRace + LegCount(t) - 1; }
+constexpr int LastLeg(int firstRace, BetType t) {
+    return firstRace + LegCount(t) - 1;
+}
 // The race of pick j (from 1) of a bet on firstRace: the next races for a multi-race bet.
 constexpr int PickRace(int firstRace, BetType t, int j) {
     return IsMultiRace(t) ? firstRace + j - 1 : firstRace;

@@ -39,7 +39,7 @@ inline std::int64_t Mul(std::int64_t a, std::int64_t b) {
 
 template <std::integral T>
 class Checked {
-public:
+  public:
     using value_type = T;
 
     constexpr Checked() = default;
@@ -62,27 +62,47 @@ public:
     Checked& operator*=(std::int64_t b) { return *this = Narrow(detail::Mul(v_, b)); }
     Checked& operator++() { return *this += 1; }
     Checked& operator--() { return *this -= 1; }
-    Checked operator++(int) { Checked old = *this; *this += 1; return old; }
-    Checked operator--(int) { Checked old = *this; *this -= 1; return old; }
+    Checked operator++(int) {
+        Checked old = *this;
+        *this += 1;
+        return old;
+    }
+    Checked operator--(int) {
+        Checked old = *this;
+        *this -= 1;
+        return old;
+    }
     Checked operator-() const { return Checked(Narrow(-std::int64_t{v_})); }
 
     friend Checked operator+(Checked a, Checked b) { return Narrow(std::int64_t{a.v_} + b.v_); }
     friend Checked operator-(Checked a, Checked b) { return Narrow(std::int64_t{a.v_} - b.v_); }
     friend Checked operator*(Checked a, Checked b) { return Narrow(std::int64_t{a.v_} * b.v_); }
     template <std::integral U>
-    friend Checked operator+(Checked a, U b) { return Narrow(detail::Add(a.v_, detail::Wide(b))); }
+    friend Checked operator+(Checked a, U b) {
+        return Narrow(detail::Add(a.v_, detail::Wide(b)));
+    }
     template <std::integral U>
-    friend Checked operator+(U a, Checked b) { return Narrow(detail::Add(detail::Wide(a), b.v_)); }
+    friend Checked operator+(U a, Checked b) {
+        return Narrow(detail::Add(detail::Wide(a), b.v_));
+    }
     template <std::integral U>
-    friend Checked operator-(Checked a, U b) { return Narrow(detail::Sub(a.v_, detail::Wide(b))); }
+    friend Checked operator-(Checked a, U b) {
+        return Narrow(detail::Sub(a.v_, detail::Wide(b)));
+    }
     template <std::integral U>
-    friend Checked operator-(U a, Checked b) { return Narrow(detail::Sub(detail::Wide(a), b.v_)); }
+    friend Checked operator-(U a, Checked b) {
+        return Narrow(detail::Sub(detail::Wide(a), b.v_));
+    }
     template <std::integral U>
-    friend Checked operator*(Checked a, U b) { return Narrow(detail::Mul(a.v_, detail::Wide(b))); }
+    friend Checked operator*(Checked a, U b) {
+        return Narrow(detail::Mul(a.v_, detail::Wide(b)));
+    }
     template <std::integral U>
-    friend Checked operator*(U a, Checked b) { return Narrow(detail::Mul(detail::Wide(a), b.v_)); }
+    friend Checked operator*(U a, Checked b) {
+        return Narrow(detail::Mul(detail::Wide(a), b.v_));
+    }
 
-private:
+  private:
     T v_ = 0;
 };
 
@@ -91,20 +111,17 @@ using Int32 = Checked<std::int32_t>;
 
 // Mixed widths widen to the larger type, as the language of the document does.
 template <std::integral A, std::integral B>
-    requires(!std::same_as<A, B>)
-auto operator+(Checked<A> a, Checked<B> b) {
+requires(!std::same_as<A, B>) auto operator+(Checked<A> a, Checked<B> b) {
     using R = Checked<std::conditional_t<(sizeof(A) > sizeof(B)), A, B>>;
     return R(std::int64_t(A(a)) + std::int64_t(B(b)));
 }
 template <std::integral A, std::integral B>
-    requires(!std::same_as<A, B>)
-auto operator-(Checked<A> a, Checked<B> b) {
+requires(!std::same_as<A, B>) auto operator-(Checked<A> a, Checked<B> b) {
     using R = Checked<std::conditional_t<(sizeof(A) > sizeof(B)), A, B>>;
     return R(std::int64_t(A(a)) - std::int64_t(B(b)));
 }
 template <std::integral A, std::integral B>
-    requires(!std::same_as<A, B>)
-auto operator*(Checked<A> a, Checked<B> b) {
+requires(!std::same_as<A, B>) auto operator*(Checked<A> a, Checked<B> b) {
     using R = Checked<std::conditional_t<(sizeof(A) > sizeof(B)), A, B>>;
     return R(std::int64_t(A(a)) * std::int64_t(B(b)));
 }

@@ -89,7 +89,8 @@ void BuildBetTypeCombo(ListData& list, bool withAll, bool withPools, bool withAc
         bool offered = race == 0 || bool(RF.Race(race).BetType(t));
         if (offered) list.AddItem(G.BetTypeName(t), t);
         if (t <= 3 && !offered) firstThree = false;
-        if (t == 3 && withAcrossTheBoard && firstThree) list.AddItem("Across the Board", kAcrossTheBoard);
+        if (t == 3 && withAcrossTheBoard && firstThree)
+            list.AddItem("Across the Board", kAcrossTheBoard);
     }
     if (withPriorDouble && (race == 0 || bool(RF.Race(race - 1).BetType(6))))
         list.AddItem("Daily Double (prior race)", 62);
@@ -144,13 +145,15 @@ std::pair<std::string, std::string> OddsToFraction(double odds) {
     } else {
         d = f == 0.5f ? 2 : 5;
     }
-    return {Str(std::floor(d * static_cast<double>(t) / 10.0 + 0.5)), Str(static_cast<std::int64_t>(d))};
+    return {Str(std::floor(d * static_cast<double>(t) / 10.0 + 0.5)),
+            Str(static_cast<std::int64_t>(d))};
 }
 
 std::string PadNumber(const std::string& text, std::int16_t& width) {
     if (width > 12) width = 12;
     std::size_t b = text.find_first_not_of(' ');
-    std::string t = b == std::string::npos ? std::string() : text.substr(b, text.find_last_not_of(' ') - b + 1);
+    std::string t =
+        b == std::string::npos ? std::string() : text.substr(b, text.find_last_not_of(' ') - b + 1);
     int i = 1;
     while (static_cast<std::size_t>(i) <= t.size() && t[static_cast<std::size_t>(i - 1)] >= '0' &&
            t[static_cast<std::size_t>(i - 1)] <= '9')
@@ -175,13 +178,19 @@ std::string RacerShortLabel(int race, int slot) {
     const RacerRec& r = RF.Racer(race, slot);
     switch (CurrentSort()) {
         case SortKind::kBetNbr:
-            if (RF.UseProgramNbr) return PadNumber(Str(r.BetNbr.Value()), 5) + PadNumber(r.ProgramNbr, 5);
-            if (RF.UsePostPosition) return PadNumber(Str(r.BetNbr.Value()), 5) + PadNumber(r.PostPosition, 5);
+            if (RF.UseProgramNbr)
+                return PadNumber(Str(r.BetNbr.Value()), 5) + PadNumber(r.ProgramNbr, 5);
+            if (RF.UsePostPosition)
+                return PadNumber(Str(r.BetNbr.Value()), 5) + PadNumber(r.PostPosition, 5);
             return PadNumber(Str(r.BetNbr.Value()), 5);
-        case SortKind::kProgram: return PadNumber(r.ProgramNbr, 5);
-        case SortKind::kPost: return PadNumber(r.PostPosition, 5);
-        case SortKind::kName: return r.RacerName;
-        case SortKind::kOther: break;
+        case SortKind::kProgram:
+            return PadNumber(r.ProgramNbr, 5);
+        case SortKind::kPost:
+            return PadNumber(r.PostPosition, 5);
+        case SortKind::kName:
+            return r.RacerName;
+        case SortKind::kOther:
+            break;
     }
     return std::string();
 }
@@ -193,10 +202,14 @@ std::string RacerLongLabel(int race, int slot) {
             if (RF.UseProgramNbr) return PadNumber(r.ProgramNbr, 5) + " - " + r.RacerName;
             if (RF.UsePostPosition) return PadNumber(r.PostPosition, 5) + " - " + r.RacerName;
             return r.RacerName;
-        case SortKind::kProgram: return PadNumber(r.ProgramNbr, 5) + " - " + r.RacerName;
-        case SortKind::kPost: return PadNumber(r.PostPosition, 5) + " - " + r.RacerName;
-        case SortKind::kName: return r.RacerName;
-        case SortKind::kOther: break;
+        case SortKind::kProgram:
+            return PadNumber(r.ProgramNbr, 5) + " - " + r.RacerName;
+        case SortKind::kPost:
+            return PadNumber(r.PostPosition, 5) + " - " + r.RacerName;
+        case SortKind::kName:
+            return r.RacerName;
+        case SortKind::kOther:
+            break;
     }
     return std::string();
 }

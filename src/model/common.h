@@ -17,11 +17,19 @@ namespace tt {
 // ---- Money text ---------------------------------------------------------------------------
 
 // "#,#.00": 1234.5 gives "1,234.50", 0.5 gives ".50", 0 gives ".00".
-inline std::string MoneyText(Currency c) { return FormatMoney(c, MoneyPattern::kPlain); }
-inline std::string MoneyText(double v) { return FormatMoney(v, MoneyPattern::kPlain); }
+inline std::string MoneyText(Currency c) {
+    return FormatMoney(c, MoneyPattern::kPlain);
+}
+inline std::string MoneyText(double v) {
+    return FormatMoney(v, MoneyPattern::kPlain);
+}
 // "$#,#.00": 0 gives "$.00"; a minus sign stands before the dollar sign.
-inline std::string DollarText(Currency c) { return FormatMoney(c, MoneyPattern::kDollar); }
-inline std::string DollarText(double v) { return FormatMoney(v, MoneyPattern::kDollar); }
+inline std::string DollarText(Currency c) {
+    return FormatMoney(c, MoneyPattern::kDollar);
+}
+inline std::string DollarText(double v) {
+    return FormatMoney(v, MoneyPattern::kDollar);
+}
 
 // ---- Rounding -----------------------------------------------------------------------------
 

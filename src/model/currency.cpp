@@ -46,7 +46,9 @@ Currency operator-(Currency a, Currency b) {
     return Currency(r);
 }
 
-Currency Currency::operator-() const { return Currency() - *this; }
+Currency Currency::operator-() const {
+    return Currency() - *this;
+}
 
 Currency operator*(Currency a, std::int64_t n) {
     std::int64_t r;
@@ -54,7 +56,9 @@ Currency operator*(Currency a, std::int64_t n) {
     return Currency(r);
 }
 
-Currency Abs(Currency c) { return c < Currency() ? -c : c; }
+Currency Abs(Currency c) {
+    return c < Currency() ? -c : c;
+}
 
 Int16 RoundToInt16(double v) {
     double r = RoundHalfEven(v);

@@ -10,7 +10,7 @@
 namespace tt {
 
 class Currency {
-public:
+  public:
     static constexpr std::int64_t kScale = 10000;
 
     constexpr Currency() = default;
@@ -36,7 +36,7 @@ public:
     constexpr friend auto operator<=>(Currency a, Currency b) = default;
     constexpr friend bool operator==(Currency a, Currency b) = default;
 
-private:
+  private:
     constexpr explicit Currency(std::int64_t raw) : raw_(raw) {}
     std::int64_t raw_ = 0;
 };

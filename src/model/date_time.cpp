@@ -64,7 +64,8 @@ DateTime DateTime::FromSecondsSinceEpoch(std::int64_t s) {
 
 double DateTime::Serial() const {
     static const std::int64_t kBase = DaysFromCivil(1899, 12, 30);
-    std::int64_t days = DaysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day)) - kBase;
+    std::int64_t days =
+        DaysFromCivil(year, static_cast<unsigned>(month), static_cast<unsigned>(day)) - kBase;
     return static_cast<double>(days) + (hour * 3600 + minute * 60 + second) / 86400.0;
 }
 

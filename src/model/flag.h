@@ -7,14 +7,14 @@
 namespace tt {
 
 class Flag {
-public:
+  public:
     constexpr Flag() = default;
     constexpr Flag(bool b) : v_(b ? -1 : 0) {}  // NOLINT: implicit by design
     constexpr explicit operator bool() const { return v_ != 0; }
     constexpr std::int16_t Raw() const { return v_; }
     constexpr friend bool operator==(Flag a, Flag b) { return bool(a) == bool(b); }
 
-private:
+  private:
     std::int16_t v_ = 0;
 };
 

@@ -22,9 +22,12 @@ bool SortsAsNumber(const std::string& cell, double& value) {
     }
     bool digit = false, point = false;
     for (std::size_t j = i; j < s.size(); ++j) {
-        if (s[j] >= '0' && s[j] <= '9') digit = true;
-        else if (s[j] == '.' && !point) point = true;
-        else return false;
+        if (s[j] >= '0' && s[j] <= '9')
+            digit = true;
+        else if (s[j] == '.' && !point)
+            point = true;
+        else
+            return false;
     }
     if (!digit) return false;
     std::string t(s.substr(i));
@@ -44,11 +47,13 @@ void GridData::Resize(int rows, int cols) {
     if (rows < 0 || cols < 0) Raise(kErrInvalidCall);
     if (static_cast<std::int64_t>(rows) * cols > 50'000'000) Raise(kErrOutOfMemory);
     if (cols != cols_) {
-        std::vector<std::string> cells(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols));
+        std::vector<std::string> cells(static_cast<std::size_t>(rows) *
+                                       static_cast<std::size_t>(cols));
         std::vector<CellAlign> align(cells.size(), CellAlign::kGeneral);
         for (int r = 0; r < std::min(rows, rows_); ++r)
             for (int c = 0; c < std::min(cols, cols_); ++c) {
-                std::size_t to = static_cast<std::size_t>(r) * static_cast<std::size_t>(cols) + static_cast<std::size_t>(c);
+                std::size_t to = static_cast<std::size_t>(r) * static_cast<std::size_t>(cols) +
+                                 static_cast<std::size_t>(c);
                 cells[to] = std::move(cells_[Index(r, c)]);
                 align[to] = cellAlign_[Index(r, c)];
             }
@@ -70,8 +75,12 @@ void GridData::Resize(int rows, int cols) {
     topRow_ = std::min(topRow_, std::max(rows_ - 1, 0));
 }
 
-void GridData::SetRows(int rows) { Resize(rows, cols_); }
-void GridData::SetCols(int cols) { Resize(rows_, cols); }
+void GridData::SetRows(int rows) {
+    Resize(rows, cols_);
+}
+void GridData::SetCols(int cols) {
+    Resize(rows_, cols);
+}
 
 void GridData::CheckCell(int row, int col) const {
     if (row < 0 || row >= rows_ || col < 0 || col >= cols_) Raise(kErrSubscript);
@@ -134,7 +143,8 @@ void GridData::AddItem(const std::string& tabbedText) {
     std::size_t start = 0;
     for (int c = 0; c < cols_; ++c) {
         std::size_t tab = tabbedText.find('\t', start);
-        cells_[Index(r, c)] = tabbedText.substr(start, tab == std::string::npos ? std::string::npos : tab - start);
+        cells_[Index(r, c)] =
+            tabbedText.substr(start, tab == std::string::npos ? std::string::npos : tab - start);
         if (tab == std::string::npos) break;
         start = tab + 1;
     }
@@ -198,13 +208,17 @@ void GridData::ApplyOrder(int row1, const std::vector<int>& order) {
     for (std::size_t r = 0; r < n; ++r) {
         int from = row1 + order[r];
         for (int c = 0; c < cols_; ++c) {
-            cells[r * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(c)] = std::move(cells_[Index(from, c)]);
-            align[r * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(c)] = cellAlign_[Index(from, c)];
+            cells[r * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(c)] =
+                std::move(cells_[Index(from, c)]);
+            align[r * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(c)] =
+                cellAlign_[Index(from, c)];
         }
         heights[r] = rowHeight_[static_cast<std::size_t>(from)];
     }
-    std::move(cells.begin(), cells.end(), cells_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
-    std::copy(align.begin(), align.end(), cellAlign_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
+    std::move(cells.begin(), cells.end(),
+              cells_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
+    std::copy(align.begin(), align.end(),
+              cellAlign_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
     std::copy(heights.begin(), heights.end(), rowHeight_.begin() + row1);
 }
 
@@ -225,7 +239,8 @@ void GridData::SortAscending(int row1, int row2, int col1, int col2) {
     std::iota(order.begin(), order.end(), 0);
     std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
         for (int c = 0; c < k; ++c) {
-            int d = CompareKeys(keys[static_cast<std::size_t>(a * k + c)], keys[static_cast<std::size_t>(b * k + c)]);
+            int d = CompareKeys(keys[static_cast<std::size_t>(a * k + c)],
+                                keys[static_cast<std::size_t>(b * k + c)]);
             if (d != 0) return d < 0;
         }
         return false;
@@ -246,8 +261,9 @@ void GridData::SortNumericDescending(int row1, int row2, int col) {
     }
     std::vector<int> order(static_cast<std::size_t>(n));
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(),
-                     [&](int a, int b) { return v[static_cast<std::size_t>(a)] > v[static_cast<std::size_t>(b)]; });
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+        return v[static_cast<std::size_t>(a)] > v[static_cast<std::size_t>(b)];
+    });
     ApplyOrder(row1, order);
 }
 

@@ -9,14 +9,14 @@
 namespace tt {
 
 enum class CellAlign : std::uint8_t {
-    kGeneral,       // text to the left, numbers to the right
+    kGeneral,  // text to the left, numbers to the right
     kLeft,
     kCenter,
     kRight,
 };
 
 class GridData {
-public:
+  public:
     GridData() { Resize(2, 2); }
 
     int Rows() const { return rows_; }
@@ -71,13 +71,14 @@ public:
     // Every cell set to an empty text and default alignment; widths kept.
     void Clear();
 
-private:
+  private:
     void Resize(int rows, int cols);
     // Puts rows row1.. in the given order of their offsets.
     void ApplyOrder(int row1, const std::vector<int>& order);
     void CheckCell(int row, int col) const;
     std::size_t Index(int row, int col) const {
-        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) + static_cast<std::size_t>(col);
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+               static_cast<std::size_t>(col);
     }
 
     int rows_ = 0, cols_ = 0, fixedRows_ = 1, fixedCols_ = 1;

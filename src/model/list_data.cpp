@@ -10,7 +10,8 @@ namespace tt {
 namespace {
 bool LessNoCase(const std::string& a, const std::string& b) {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) < std::tolower(static_cast<unsigned char>(y));
+        return std::tolower(static_cast<unsigned char>(x)) <
+               std::tolower(static_cast<unsigned char>(y));
     });
 }
 }  // namespace
@@ -20,8 +21,9 @@ int ListData::AddItem(std::string text, std::int64_t itemData) {
         items_.push_back({std::move(text), itemData});
         return ListCount() - 1;
     }
-    auto it = std::upper_bound(items_.begin(), items_.end(), text,
-                               [](const std::string& t, const ListItem& i) { return LessNoCase(t, i.text); });
+    auto it = std::upper_bound(
+        items_.begin(), items_.end(), text,
+        [](const std::string& t, const ListItem& i) { return LessNoCase(t, i.text); });
     int index = static_cast<int>(it - items_.begin());
     items_.insert(it, {std::move(text), itemData});
     if (listIndex_ >= index) ++listIndex_;
@@ -31,8 +33,10 @@ int ListData::AddItem(std::string text, std::int64_t itemData) {
 void ListData::RemoveItem(int index) {
     if (index < 0 || index >= ListCount()) Raise(kErrInvalidCall);
     items_.erase(items_.begin() + index);
-    if (listIndex_ == index) listIndex_ = -1;
-    else if (listIndex_ > index) --listIndex_;
+    if (listIndex_ == index)
+        listIndex_ = -1;
+    else if (listIndex_ > index)
+        --listIndex_;
 }
 
 const std::string& ListData::List(int index) const {

@@ -14,7 +14,7 @@ struct ListItem {
 };
 
 class ListData {
-public:
+  public:
     ListData() = default;
     // A sorted list keeps its entries in order of their text, as a sorted list box does
     // (without regard to case); others keep the order of adding.
@@ -42,7 +42,7 @@ public:
     std::string Text() const { return HasSelection() ? List(listIndex_) : std::string(); }
     std::int64_t SelectedData() const { return HasSelection() ? ItemData(listIndex_) : 0; }
 
-private:
+  private:
     std::vector<ListItem> items_;
     int listIndex_ = -1;
     bool sorted_ = false;

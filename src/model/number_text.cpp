@@ -12,7 +12,9 @@ namespace tt {
 
 namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // Length of a plain decimal number at the start of s: optional sign, digits with at most one
 // point. Returns 0 when no digit is found.
@@ -176,14 +178,18 @@ std::string NumText(double v) {
     return Shorten15(v);
 }
 
-std::string NumText(std::int64_t v) { return std::to_string(v); }
+std::string NumText(std::int64_t v) {
+    return std::to_string(v);
+}
 
 std::string Str(double v) {
     std::string t = NumText(v);
     return t[0] == '-' ? t : " " + t;
 }
 
-std::string Str(std::int64_t v) { return v < 0 ? std::to_string(v) : " " + std::to_string(v); }
+std::string Str(std::int64_t v) {
+    return v < 0 ? std::to_string(v) : " " + std::to_string(v);
+}
 
 std::string FormatMoney(Currency c, MoneyPattern p) {
     std::int64_t raw = c.Raw();
@@ -238,8 +244,8 @@ void AppendFileNumber(std::string& out, Currency c) {
     auto r = std::to_chars(buf, buf + sizeof buf, whole);
     out.append(buf, r.ptr);
     if (frac != 0) {
-        char f[5] = {char('0' + frac / 1000), char('0' + frac / 100 % 10), char('0' + frac / 10 % 10),
-                     char('0' + frac % 10), 0};
+        char f[5] = {char('0' + frac / 1000), char('0' + frac / 100 % 10),
+                     char('0' + frac / 10 % 10), char('0' + frac % 10), 0};
         int len = 4;
         while (f[len - 1] == '0') --len;
         out.push_back('.');
@@ -330,13 +336,16 @@ std::optional<Currency> ParseCurrencyField(std::string_view s) {
     bool roundUp = false;
     if (i < s.size() && s[i] == '.') {
         ++i;
-        for (; i < s.size() && fracDigits < 4; ++i, ++fracDigits) frac = frac * 10 + unsigned(s[i] - '0');
+        for (; i < s.size() && fracDigits < 4; ++i, ++fracDigits)
+            frac = frac * 10 + unsigned(s[i] - '0');
         if (i < s.size()) {
             // Beyond four decimals: half to even on what is dropped.
             char first = s[i];
             bool restNonZero = s.find_first_not_of('0', i + 1) != std::string_view::npos;
-            if (first > '5' || (first == '5' && restNonZero)) roundUp = true;
-            else if (first == '5') roundUp = (frac & 1) != 0;
+            if (first > '5' || (first == '5' && restNonZero))
+                roundUp = true;
+            else if (first == '5')
+                roundUp = (frac & 1) != 0;
         }
     }
     while (fracDigits < 4) {

@@ -21,13 +21,21 @@ double Val(std::string_view text);
 // significant digits.
 std::string Str(double v);
 std::string Str(std::int64_t v);
-inline std::string Str(int v) { return Str(static_cast<std::int64_t>(v)); }
-inline std::string Str(std::int16_t v) { return Str(static_cast<std::int64_t>(v)); }
+inline std::string Str(int v) {
+    return Str(static_cast<std::int64_t>(v));
+}
+inline std::string Str(std::int16_t v) {
+    return Str(static_cast<std::int64_t>(v));
+}
 // The same without the sign blank: "12".
 std::string NumText(double v);
 std::string NumText(std::int64_t v);
-inline std::string NumText(int v) { return NumText(static_cast<std::int64_t>(v)); }
-inline std::string NumText(std::int16_t v) { return NumText(static_cast<std::int64_t>(v)); }
+inline std::string NumText(int v) {
+    return NumText(static_cast<std::int64_t>(v));
+}
+inline std::string NumText(std::int16_t v) {
+    return NumText(static_cast<std::int64_t>(v));
+}
 
 // The money patterns. Two decimals, exact halves away from zero; a Currency is taken at its
 // exact value, a float first at 15 significant digits. A negative amount that rounds to zero

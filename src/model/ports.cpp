@@ -17,23 +17,31 @@ namespace {
 
 int ErrorFromErrno(int e, bool opening) {
     switch (e) {
-        case ENOENT: return opening ? kErrFileNotFound : kErrPathNotFound;
-        case ENOTDIR: return kErrPathNotFound;
+        case ENOENT:
+            return opening ? kErrFileNotFound : kErrPathNotFound;
+        case ENOTDIR:
+            return kErrPathNotFound;
         case EACCES:
-        case EPERM: return kErrPermissionDenied;
+        case EPERM:
+            return kErrPermissionDenied;
         case ENOSPC:
-        case EDQUOT: return kErrDiskFull;
+        case EDQUOT:
+            return kErrDiskFull;
         case EISDIR:
         case EROFS:
-        case EBUSY: return kErrPathFileAccess;
-        case ENAMETOOLONG: return kErrBadFileNameOrNumber;
-        case ENOMEM: return kErrOutOfMemory;
-        default: return kErrDeviceIO;
+        case EBUSY:
+            return kErrPathFileAccess;
+        case ENAMETOOLONG:
+            return kErrBadFileNameOrNumber;
+        case ENOMEM:
+            return kErrOutOfMemory;
+        default:
+            return kErrDeviceIO;
     }
 }
 
 class RealFileSystem : public FileSystemPort {
-public:
+  public:
     std::string ReadAll(const std::string& path) override {
         std::FILE* f = std::fopen(path.c_str(), "rb");
         if (!f) throw AppError(ErrorFromErrno(errno, true));
@@ -79,7 +87,7 @@ public:
         if (std::remove(path.c_str()) != 0) throw AppError(ErrorFromErrno(errno, true));
     }
 
-private:
+  private:
     static void Write(const std::string& path, std::string_view data, const char* mode) {
         std::FILE* f = std::fopen(path.c_str(), mode);
         if (!f) throw AppError(ErrorFromErrno(errno, true));
@@ -87,12 +95,13 @@ private:
         int err = done == data.size() ? 0 : errno;
         if (std::fflush(f) != 0 && err == 0) err = errno ? errno : EIO;
         if (std::fclose(f) != 0 && err == 0) err = errno ? errno : EIO;
-        if (err != 0 || done != data.size()) throw AppError(ErrorFromErrno(err ? err : ENOSPC, false));
+        if (err != 0 || done != data.size())
+            throw AppError(ErrorFromErrno(err ? err : ENOSPC, false));
     }
 };
 
 class SystemClock : public ClockPort {
-public:
+  public:
     DateTime Now() override {
         std::time_t t = std::time(nullptr);
         std::tm tm{};
@@ -114,7 +123,7 @@ public:
 };
 
 class SystemRandom : public RandomPort {
-public:
+  public:
     void Randomize() override {
         gen_.seed(static_cast<std::uint64_t>(
             std::chrono::high_resolution_clock::now().time_since_epoch().count()));
@@ -127,12 +136,12 @@ public:
         return r;
     }
 
-private:
+  private:
     std::mt19937_64 gen_{12345};
 };
 
 class MemorySettings : public SettingsPort {
-public:
+  public:
     std::optional<std::string> Get(const std::string& key) override {
         auto it = values_.find(key);
         if (it == values_.end()) return std::nullopt;
@@ -140,12 +149,12 @@ public:
     }
     void Set(const std::string& key, const std::string& value) override { values_[key] = value; }
 
-private:
+  private:
     std::map<std::string, std::string> values_;
 };
 
 class DefaultMessages : public MessagePort {
-public:
+  public:
     int Show(const MessageRequest& r) override {
         static const int kAnswers[4][3] = {
             {kOK, kOK, kOK}, {kOK, kCancel, kCancel}, {kYes, kNo, kNo}, {kYes, kNo, kCancel}};
@@ -156,13 +165,13 @@ public:
 };
 
 class NoDialogs : public FileDialogPort {
-public:
+  public:
     std::optional<std::string> Open(const FileDialogRequest&) override { return std::nullopt; }
     std::optional<std::string> Save(const FileDialogRequest&) override { return std::nullopt; }
 };
 
 class NoPrinter : public PrinterPort {
-public:
+  public:
     void SetFont(const std::string&, int) override {}
     void SetBold(bool) override {}
     int Copies() override { return copies_; }
@@ -174,12 +183,12 @@ public:
     void EndDoc() override {}
     bool SetupDialog() override { return false; }
 
-private:
+  private:
     int copies_ = 1;
 };
 
 class NoShell : public ShellPort {
-public:
+  public:
     void SetBusy(bool) override {}
     void DoEvents() override {
         if (QCoreApplication::instance()) QCoreApplication::processEvents();
@@ -220,27 +229,51 @@ Ports& Installed() {
 
 }  // namespace
 
-Ports& CurrentPorts() { return Installed(); }
+Ports& CurrentPorts() {
+    return Installed();
+}
 
-MessagePort& Msg() { return Installed().message ? *Installed().message : TheDefaults().message; }
+MessagePort& Msg() {
+    return Installed().message ? *Installed().message : TheDefaults().message;
+}
 FileDialogPort& Dialogs() {
     return Installed().fileDialog ? *Installed().fileDialog : TheDefaults().dialogs;
 }
 SettingsPort& Settings() {
     return Installed().settings ? *Installed().settings : TheDefaults().settings;
 }
-ClockPort& Clock() { return Installed().clock ? *Installed().clock : TheDefaults().clock; }
-RandomPort& Random() { return Installed().random ? *Installed().random : TheDefaults().random; }
-FileSystemPort& Files() { return Installed().files ? *Installed().files : TheDefaults().files; }
-PrinterPort& Printer() { return Installed().printer ? *Installed().printer : TheDefaults().printer; }
-ShellPort& Shell() { return Installed().shell ? *Installed().shell : TheDefaults().shell; }
+ClockPort& Clock() {
+    return Installed().clock ? *Installed().clock : TheDefaults().clock;
+}
+RandomPort& Random() {
+    return Installed().random ? *Installed().random : TheDefaults().random;
+}
+FileSystemPort& Files() {
+    return Installed().files ? *Installed().files : TheDefaults().files;
+}
+PrinterPort& Printer() {
+    return Installed().printer ? *Installed().printer : TheDefaults().printer;
+}
+ShellPort& Shell() {
+    return Installed().shell ? *Installed().shell : TheDefaults().shell;
+}
 
-PortsScope::PortsScope(const Ports& ports) : saved_(Installed()) { Installed() = ports; }
-PortsScope::~PortsScope() { Installed() = saved_; }
+PortsScope::PortsScope(const Ports& ports) : saved_(Installed()) {
+    Installed() = ports;
+}
+PortsScope::~PortsScope() {
+    Installed() = saved_;
+}
 
-std::unique_ptr<FileSystemPort> MakeRealFileSystem() { return std::make_unique<RealFileSystem>(); }
-std::unique_ptr<ClockPort> MakeSystemClock() { return std::make_unique<SystemClock>(); }
-std::unique_ptr<RandomPort> MakeSystemRandom() { return std::make_unique<SystemRandom>(); }
+std::unique_ptr<FileSystemPort> MakeRealFileSystem() {
+    return std::make_unique<RealFileSystem>();
+}
+std::unique_ptr<ClockPort> MakeSystemClock() {
+    return std::make_unique<SystemClock>();
+}
+std::unique_ptr<RandomPort> MakeSystemRandom() {
+    return std::make_unique<SystemRandom>();
+}
 
 int MsgBox(const std::string& text, Buttons buttons, Icon icon, const std::string& title,
            int defaultButton) {

@@ -33,12 +33,12 @@ struct MessageRequest {
     std::string text;
     Buttons buttons = Buttons::kOK;
     Icon icon = Icon::kNone;
-    std::string title;       // empty: "Tamberlin Tally"
-    int defaultButton = 0;   // 0 = first button
+    std::string title;      // empty: "Tamberlin Tally"
+    int defaultButton = 0;  // 0 = first button
 };
 
 class MessagePort {
-public:
+  public:
     virtual ~MessagePort() = default;
     virtual int Show(const MessageRequest& request) = 0;
     virtual void Beep() = 0;
@@ -48,14 +48,14 @@ public:
 
 struct FileDialogRequest {
     std::string title;
-    std::string filter;       // "Description (*.ext)|*.ext|All (*.*)|*.*"
+    std::string filter;  // "Description (*.ext)|*.ext|All (*.*)|*.*"
     std::string initialName;
     std::string defaultExt;
     bool overwritePrompt = false;
 };
 
 class FileDialogPort {
-public:
+  public:
     virtual ~FileDialogPort() = default;
     // Nothing when the user cancels.
     virtual std::optional<std::string> Open(const FileDialogRequest& request) = 0;
@@ -65,7 +65,7 @@ public:
 // ---- Per-user settings, section "Settings" of "TamberlinTally" ----------------------------
 
 class SettingsPort {
-public:
+  public:
     virtual ~SettingsPort() = default;
     virtual std::optional<std::string> Get(const std::string& key) = 0;
     virtual void Set(const std::string& key, const std::string& value) = 0;
@@ -74,14 +74,14 @@ public:
 // ---- Clock and random numbers -------------------------------------------------------------
 
 class ClockPort {
-public:
+  public:
     virtual ~ClockPort() = default;
-    virtual DateTime Now() = 0;               // local time, to the second
-    virtual std::int64_t MonotonicMs() = 0;   // for waits
+    virtual DateTime Now() = 0;              // local time, to the second
+    virtual std::int64_t MonotonicMs() = 0;  // for waits
 };
 
 class RandomPort {
-public:
+  public:
     virtual ~RandomPort() = default;
     virtual void Randomize() = 0;  // seeds from the clock
     virtual double Rnd() = 0;      // uniform in [0, 1)
@@ -92,7 +92,7 @@ public:
 // Whole-file operations; each raises the program's error (file not found, disk full, ...) on
 // failure.
 class FileSystemPort {
-public:
+  public:
     virtual ~FileSystemPort() = default;
     virtual std::string ReadAll(const std::string& path) = 0;
     virtual void WriteAll(const std::string& path, std::string_view data) = 0;
@@ -105,7 +105,7 @@ public:
 
 // Fixed-pitch lines; the core lays out the character columns. Heights are in twips.
 class PrinterPort {
-public:
+  public:
     virtual ~PrinterPort() = default;
     virtual void SetFont(const std::string& name, int size) = 0;
     virtual void SetBold(bool bold) = 0;
@@ -124,10 +124,10 @@ public:
 // ---- The main window as the core sees it --------------------------------------------------
 
 class ShellPort {
-public:
+  public:
     virtual ~ShellPort() = default;
-    virtual void SetBusy(bool busy) = 0;         // the busy mouse pointer
-    virtual void DoEvents() = 0;                 // yield to the event loop
+    virtual void SetBusy(bool busy) = 0;  // the busy mouse pointer
+    virtual void DoEvents() = 0;          // yield to the event loop
     virtual void SetTitle(const std::string& title) = 0;
     virtual void ShowMru(const std::array<std::string, 4>& captions) = 0;
     // The commands that need an open card, and those that need a race.
@@ -176,13 +176,13 @@ ShellPort& Shell();
 
 // Installs a set of ports for as long as it lives, and puts back the previous set after.
 class PortsScope {
-public:
+  public:
     explicit PortsScope(const Ports& ports);
     ~PortsScope();
     PortsScope(const PortsScope&) = delete;
     PortsScope& operator=(const PortsScope&) = delete;
 
-private:
+  private:
     Ports saved_;
 };
 

@@ -11,9 +11,9 @@ RaceFile RF;
 Globals G;
 
 void FillBetTypeNames() {
-    static const char* const kNames[] = {"",        "Win",    "Place",  "Show",
-                                         "Exacta",  "Trifecta", "Daily Double", "Pick 3",
-                                         "Pick 4",  "Pick 5", "Pick 6", "Across the Board"};
+    static const char* const kNames[] = {"",       "Win",      "Place",        "Show",
+                                         "Exacta", "Trifecta", "Daily Double", "Pick 3",
+                                         "Pick 4", "Pick 5",   "Pick 6",       "Across the Board"};
     for (int i = 0; i <= kAcrossTheBoard; ++i) G.BetTypeName(i) = kNames[i];
 }
 

@@ -15,8 +15,8 @@
 
 namespace tt {
 
-inline constexpr int kMaxRace = 20;      // races are 1 to 20; 0 holds the defaults
-inline constexpr int kSpareRace = 21;    // never saved, loaded or cleared
+inline constexpr int kMaxRace = 20;    // races are 1 to 20; 0 holds the defaults
+inline constexpr int kSpareRace = 21;  // never saved, loaded or cleared
 
 struct RaceRec {
     std::string RaceName;
@@ -88,7 +88,7 @@ struct PayoutRec {
 
 // Payout(race 0..21, bet type 0..11, position 0..7).
 class PayoutTable {
-public:
+  public:
     PayoutRec& operator()(std::int64_t race, std::int64_t type, std::int64_t pos) {
         return cells_.at(Index(race, type, pos));
     }
@@ -96,9 +96,10 @@ public:
         return cells_.at(Index(race, type, pos));
     }
 
-private:
+  private:
     static std::size_t Index(std::int64_t race, std::int64_t type, std::int64_t pos) {
-        if (race < 0 || race > 21 || type < 0 || type > 11 || pos < 0 || pos > 7) Raise(kErrSubscript);
+        if (race < 0 || race > 21 || type < 0 || type > 11 || pos < 0 || pos > 7)
+            Raise(kErrSubscript);
         return static_cast<std::size_t>((race * 12 + type) * 8 + pos);
     }
     std::array<PayoutRec, 22 * 12 * 8> cells_{};
@@ -167,9 +168,13 @@ extern RaceFile RF;
 extern Globals G;
 
 // A race exists when it has a name.
-inline bool RaceExists(int race) { return !RF.Race(race).RaceName.empty(); }
+inline bool RaceExists(int race) {
+    return !RF.Race(race).RaceName.empty();
+}
 // A race is finished when its first finisher is set.
-inline bool RaceFinished(int race) { return RF.Race(race).Result(1) != 0; }
+inline bool RaceFinished(int race) {
+    return RF.Race(race).Result(1) != 0;
+}
 
 // Fills BetTypeName: slot 0 empty, then the eleven names.
 void FillBetTypeNames();

@@ -17,7 +17,7 @@ inline constexpr std::int64_t kMaxTableElements = 16777216;
 // A table with fixed bounds Lo to Hi.
 template <class T, int Lo, int Hi>
 class FixedArray {
-public:
+  public:
     static constexpr int kLower = Lo;
     static constexpr int kUpper = Hi;
 
@@ -35,14 +35,14 @@ public:
     void Fill(const T& v) { a_.fill(v); }
     friend bool operator==(const FixedArray&, const FixedArray&) = default;
 
-private:
+  private:
     std::array<T, static_cast<std::size_t>(Hi - Lo + 1)> a_{};
 };
 
 // A table of 0 to UBound() elements.
 template <class T>
 class Table1 {
-public:
+  public:
     std::int64_t UBound() const { return static_cast<std::int64_t>(v_.size()) - 1; }
 
     // Reallocates to 0 to ub, all elements empty.
@@ -66,7 +66,7 @@ public:
         return v_[static_cast<std::size_t>(i)];
     }
 
-private:
+  private:
     static void Check(std::int64_t ub) {
         if (ub < 0) Raise(kErrSubscript);
         if (ub >= kMaxTableElements) Raise(kErrOutOfMemory);
@@ -77,7 +77,7 @@ private:
 // A table of (0 to 21, 0 to UBound()): the race index is fixed, the second grows.
 template <class T>
 class RaceTable {
-public:
+  public:
     static constexpr int kRaces = 22;
 
     std::int64_t UBound() const { return ub_; }
@@ -105,7 +105,7 @@ public:
         return rows_[static_cast<std::size_t>(race)][static_cast<std::size_t>(n)];
     }
 
-private:
+  private:
     static void Check(std::int64_t ub) {
         if (ub < 0) Raise(kErrSubscript);
         if (ub >= kMaxTableElements / kRaces) Raise(kErrOutOfMemory);

@@ -14,7 +14,7 @@
 namespace tt {
 
 class DisplayPayoutsLogic : public FormState {
-public:
+  public:
     DisplayPayoutsLogic();
 
     // The window's placement is restored by the window itself.
@@ -68,7 +68,7 @@ public:
     Int16 CurRace;
     FixedArray<Int16, 1, 3> Finishers;
 
-private:
+  private:
     void FillGrids();
     // Selects a race in comRaceName; the list's Click follows when the selection moves.
     void SelectRace(int race);

@@ -13,7 +13,7 @@
 namespace tt {
 
 class EditResultsLogic : public FormState {
-public:
+  public:
     EditResultsLogic();
 
     void Form_Load();
@@ -42,7 +42,7 @@ public:
     // Called where saving hides the window, before the payouts are worked out and shown.
     std::function<void()> onHide;
 
-private:
+  private:
     // Selects a race in comRaceName; the list's Click follows when the selection moves.
     void SelectRace(int race);
     // Selects by item data in a finisher list; a moved selection counts as a change.

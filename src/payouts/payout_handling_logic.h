@@ -8,7 +8,7 @@
 namespace tt {
 
 class PayoutHandlingLogic : public FormState {
-public:
+  public:
     PayoutHandlingLogic();
 
     // Names the bet type, enables and preselects the options, makes the race under
@@ -30,7 +30,7 @@ public:
     ControlState optMost, optPayback, optNoPay;
     ControlState cmdOK, cmdHelp;
 
-private:
+  private:
     void Select(ControlState& option);
 };
 

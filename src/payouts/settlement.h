@@ -57,7 +57,7 @@ void ClearRaceWinnings(int race);
 // passes in their order. Opens the Payout Handling dialog through the shell, once for each
 // pool that has no winner.
 class PayoutCalc {
-public:
+  public:
     PayoutCalc();
     ~PayoutCalc();
     PayoutCalc(const PayoutCalc&) = delete;
@@ -82,7 +82,7 @@ public:
     Int16 CurBetType;
     Int16 MostCorrect;
 
-private:
+  private:
     void BuildPools();
     void AddToSingleRacePools(std::int64_t i);
     void BuildMultiRacePools();

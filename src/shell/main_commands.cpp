@@ -22,7 +22,9 @@ void mnuEditSetupRaceCard_Click() {
     UpdateTitle();
 }
 
-void mnuEditSetupBettors_Click() { Shell().ShowForm("frmSelectBettor", true); }
+void mnuEditSetupBettors_Click() {
+    Shell().ShowForm("frmSelectBettor", true);
+}
 
 void mnuEditPlaceBets_Click() {
     if (RF.MaxRacers == 0) {
@@ -43,18 +45,26 @@ void mnuEditResults_Click() {
     G.CancelFlag = false;
 }
 
-void mnuViewListBets_Click() { Shell().ShowForm("frmListBets", false); }
+void mnuViewListBets_Click() {
+    Shell().ShowForm("frmListBets", false);
+}
 
-void mnuViewDisplayOdds_Click() { Shell().ShowForm("frmDisplayOdds", false); }
+void mnuViewDisplayOdds_Click() {
+    Shell().ShowForm("frmDisplayOdds", false);
+}
 
 void mnuViewDisplayPayouts_Click() {
     G.CurrentRace = 0;
     Shell().ShowForm("frmDisplayPayouts", false);
 }
 
-void mnuToolsRestore_Click() { Shell().ShowForm("frmRestore", true); }
+void mnuToolsRestore_Click() {
+    Shell().ShowForm("frmRestore", true);
+}
 
-void mnuFilePrint_Click() { Shell().ShowForm("frmPrint", true); }
+void mnuFilePrint_Click() {
+    Shell().ShowForm("frmPrint", true);
+}
 
 void mnuFilePageSetup_Click() {
     try {

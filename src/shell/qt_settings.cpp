@@ -6,8 +6,10 @@ namespace tt {
 
 namespace {
 class UserSettings : public SettingsPort {
-public:
-    UserSettings() : store_(QSettings::NativeFormat, QSettings::UserScope, "TamberlinTally", "TamberlinTally") {}
+  public:
+    UserSettings()
+        : store_(QSettings::NativeFormat, QSettings::UserScope, "TamberlinTally",
+                 "TamberlinTally") {}
 
     std::optional<std::string> Get(const std::string& key) override {
         QVariant v = store_.value(Key(key));
@@ -19,12 +21,14 @@ public:
         store_.sync();
     }
 
-private:
+  private:
     static QString Key(const std::string& key) { return "Settings/" + QString::fromStdString(key); }
     QSettings store_;
 };
 }  // namespace
 
-std::unique_ptr<SettingsPort> MakeUserSettings() { return std::make_unique<UserSettings>(); }
+std::unique_ptr<SettingsPort> MakeUserSettings() {
+    return std::make_unique<UserSettings>();
+}
 
 }  // namespace tt

@@ -47,7 +47,8 @@ TEST(Companion, LaterVersionIsRefusedWithoutYesAndReadWithIt) {
     TallyRun refused = Tally({"resave", in, "-o", out});
     EXPECT_EQ(refused.rc, 1);
     EXPECT_EQ(refused.err,
-              "Tamberlin Tally file is from a later version of the software!\n\r\nYou could experience problems "
+              "Tamberlin Tally file is from a later version of the software!\n\r\nYou could "
+              "experience problems "
               "loading the file!  Continue?\n");
 
     TallyRun accepted = Tally({"resave", in, "-o", out, "--yes"});

@@ -18,7 +18,7 @@
 namespace tt::test {
 
 class PayoutCard : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
         ResetPayoutHandling();
         ClearRaceFile();  // races with the settings of a new card

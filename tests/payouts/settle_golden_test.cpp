@@ -66,7 +66,7 @@ std::array<std::int64_t, 6> Finish(int race, std::uint64_t seed) {
 }
 
 class SettleGolden : public ::testing::TestWithParam<std::tuple<std::uint64_t, const char*>> {
-protected:
+  protected:
     void SetUp() override {
         ResetPayoutHandling();
         handling = std::get<1>(GetParam());
@@ -84,7 +84,8 @@ protected:
         MakeCard(seed);
         for (int race = 1; race <= kRaces; ++race) {
             const auto slots = Finish(race, seed);
-            for (int k = 1; k <= 5; ++k) RF.Race(race).Result(k) = slots[static_cast<std::size_t>(k)];
+            for (int k = 1; k <= 5; ++k)
+                RF.Race(race).Result(k) = slots[static_cast<std::size_t>(k)];
             G.CurrentRace = race;
             CalcPayouts();
         }
@@ -102,7 +103,8 @@ protected:
             for (int k = 1; k <= 5; ++k) {
                 ListData& list = window.comRacerName[static_cast<std::size_t>(k)].list;
                 for (int i = 0; i < list.ListCount(); ++i)
-                    if (list.ItemData(i) == slots[static_cast<std::size_t>(k)]) list.SetListIndex(i);
+                    if (list.ItemData(i) == slots[static_cast<std::size_t>(k)])
+                        list.SetListIndex(i);
                 window.comRacerName_Click(k);
             }
             window.cmdOK_Click();
@@ -126,7 +128,8 @@ TEST_P(SettleGolden, WindowAndEngineGiveTheKeptFile) {
     const std::string window = ByWindow(seed);
     EXPECT_EQ(engine, window);
 
-    if (std::getenv("TALLY_WRITE_GOLDEN")) std::ofstream(GoldenPath(seed), std::ios::binary) << engine;
+    if (std::getenv("TALLY_WRITE_GOLDEN"))
+        std::ofstream(GoldenPath(seed), std::ios::binary) << engine;
     std::ifstream in(GoldenPath(seed), std::ios::binary);
     ASSERT_TRUE(in) << GoldenPath(seed);
     std::ostringstream kept;

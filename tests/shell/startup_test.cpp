@@ -20,7 +20,8 @@ TEST(StartUp, FirstStartUsesDefaultPlacementAndOffersOnlyMoreFilesAndNew) {
     EXPECT_EQ(p.width, 4000);
     EXPECT_EQ(p.height, 4000);
     LoadRecentFiles();
-    EXPECT_EQ(InitialOpenEntries(), (std::vector<std::string>{"More Files...", "Start a new file"}));
+    EXPECT_EQ(InitialOpenEntries(),
+              (std::vector<std::string>{"More Files...", "Start a new file"}));
 }
 
 TEST(StartUp, PlacementThatIsNotANumberIsATypeMismatch) {
@@ -72,7 +73,8 @@ TEST(StartUp, PickingAFileThatHasGoneReportsItAndKeepsTheEntry) {
     w.settings.values["MRU0"] = "/gone.tly";
     LoadRecentFiles();
     EXPECT_TRUE(InitialOpenChoose("/gone.tly", true));
-    EXPECT_EQ(w.messages.Texts(), (std::vector<std::string>{"Unable to read file\n\r\nFile not found"}));
+    EXPECT_EQ(w.messages.Texts(),
+              (std::vector<std::string>{"Unable to read file\n\r\nFile not found"}));
     EXPECT_EQ(w.shell.fileGroup, false);
     EXPECT_EQ(G.Mru[0], "/gone.tly");
 }
@@ -161,8 +163,9 @@ TEST(ErrorPath, UnexpectedErrorNamesNumberTextAndSource) {
     ShowUnexpectedError(AppError(kErrSubscript));
     EXPECT_EQ(w.messages.beeps, 3);
     EXPECT_EQ(w.messages.Texts(),
-              (std::vector<std::string>{"The system has detected an unexpected error.\r\nError # 9:  Subscript out "
-                                        "of range, Source:  TamberlinTally"}));
+              (std::vector<std::string>{
+                  "The system has detected an unexpected error.\r\nError # 9:  Subscript out "
+                  "of range, Source:  TamberlinTally"}));
 }
 
 }  // namespace

@@ -116,9 +116,13 @@ bool RecordingShell::IsFormLoaded(const std::string& name) {
     return std::find(loadedForms.begin(), loadedForms.end(), name) != loadedForms.end();
 }
 
-FakeWorld::FakeWorld() : scope_(Make()) { ResetProcessState(); }
+FakeWorld::FakeWorld() : scope_(Make()) {
+    ResetProcessState();
+}
 
-FakeWorld::~FakeWorld() { ResetProcessState(); }
+FakeWorld::~FakeWorld() {
+    ResetProcessState();
+}
 
 Ports FakeWorld::Make() {
     Ports p;

@@ -15,7 +15,7 @@
 namespace tt::test {
 
 class ScriptedMessages : public MessagePort {
-public:
+  public:
     // Answers the next boxes in turn; a box with no answer left takes its default button.
     void Answer(int answer) { answers_.push_back(answer); }
     int Show(const MessageRequest& request) override;
@@ -31,25 +31,25 @@ public:
         answers_.clear();
     }
 
-private:
+  private:
     std::deque<int> answers_;
 };
 
 class ScriptedDialogs : public FileDialogPort {
-public:
+  public:
     // The next dialogs return these names; nothing means the user cancels.
     void Next(std::optional<std::string> name) { names_.push_back(std::move(name)); }
     std::optional<std::string> Open(const FileDialogRequest& request) override;
     std::optional<std::string> Save(const FileDialogRequest& request) override;
     std::vector<FileDialogRequest> requests;
 
-private:
+  private:
     std::optional<std::string> Take();
     std::deque<std::optional<std::string>> names_;
 };
 
 class MapSettings : public SettingsPort {
-public:
+  public:
     std::optional<std::string> Get(const std::string& key) override;
     void Set(const std::string& key, const std::string& value) override;
     std::map<std::string, std::string> values;
@@ -57,7 +57,7 @@ public:
 };
 
 class FixedClock : public ClockPort {
-public:
+  public:
     DateTime now{2026, 5, 2, 14, 30, 0};
     std::int64_t ms = 0;
     std::int64_t stepMs = 0;  // added at every reading, so that waits end
@@ -66,7 +66,7 @@ public:
 };
 
 class FixedRandom : public RandomPort {
-public:
+  public:
     std::vector<double> values{0.5};
     std::size_t next = 0;
     int randomized = 0;
@@ -77,7 +77,7 @@ public:
 // Files held in memory. A path can be made to fail on read, write, rename or remove with a
 // given error number; a write can be cut short after a number of bytes.
 class MemoryFiles : public FileSystemPort {
-public:
+  public:
     std::map<std::string, std::string> files;
     std::map<std::string, int> failRead, failWrite, failRename, failRemove;
     std::optional<std::size_t> writeLimit;  // bytes written before a full disk
@@ -91,7 +91,7 @@ public:
 };
 
 class RecordingPrinter : public PrinterPort {
-public:
+  public:
     std::vector<std::string> lines;  // "<new page>" and "<end doc>" mark the breaks
     std::string font;
     int fontSize = 0;
@@ -117,7 +117,7 @@ public:
 };
 
 class RecordingShell : public ShellPort {
-public:
+  public:
     std::string title;
     std::array<std::string, 4> mru;
     std::optional<bool> fileGroup, raceGroup;
@@ -125,7 +125,7 @@ public:
     bool busy = false;
     bool childRefuses = false;
     std::string statusText = "Status";
-    std::vector<std::string> formsShown;    // "frmRaceCard (modal)", "frmListBets"
+    std::vector<std::string> formsShown;  // "frmRaceCard (modal)", "frmListBets"
     std::vector<std::string> formsUnloaded;
     std::vector<std::string> loadedForms;
     // What a window does when shown, by name: a test runs the window's logic here.
@@ -148,7 +148,7 @@ public:
 
 // Every port scripted, installed for the life of the object, over a fresh document.
 class FakeWorld {
-public:
+  public:
     FakeWorld();
     ~FakeWorld();
     FakeWorld(const FakeWorld&) = delete;
@@ -163,7 +163,7 @@ public:
     RecordingPrinter printer;
     RecordingShell shell;
 
-private:
+  private:
     Ports Make();
     PortsScope scope_;
 };

@@ -11,9 +11,13 @@ std::map<std::string, FormMaker>& Registry() {
 }
 }  // namespace
 
-void RegisterForm(const std::string& name, FormMaker make) { Registry()[name] = std::move(make); }
+void RegisterForm(const std::string& name, FormMaker make) {
+    Registry()[name] = std::move(make);
+}
 
-bool IsFormRegistered(const std::string& name) { return Registry().count(name) > 0; }
+bool IsFormRegistered(const std::string& name) {
+    return Registry().count(name) > 0;
+}
 
 QWidget* MakeForm(const std::string& name, QWidget* parent) {
     auto it = Registry().find(name);

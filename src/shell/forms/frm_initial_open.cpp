@@ -13,7 +13,6 @@
 
 namespace tt::gui {
 
-
 frmInitialOpen::frmInitialOpen(QWidget* parent) : QDialog(parent) {
     setObjectName("frmInitialOpen");
     setWindowTitle("Open a Tamberlin Tally File");
@@ -21,7 +20,8 @@ frmInitialOpen::frmInitialOpen(QWidget* parent) : QDialog(parent) {
     setAttribute(Qt::WA_DeleteOnClose);
     setProperty("HelpContextID", help::kInitialOpen);
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel("Double-click on a file to open or select and select Open::", this));
+    layout->addWidget(
+        new QLabel("Double-click on a file to open or select and select Open::", this));
     lstFiles = new QListWidget(this);
     lstFiles->setObjectName("lstFiles");
     lstFiles->setMinimumSize(420, 160);
@@ -47,8 +47,10 @@ frmInitialOpen::frmInitialOpen(QWidget* parent) : QDialog(parent) {
     connect(cmdOpen, &QPushButton::clicked, this, [this] { cmdOpen_Click(); });
     connect(lstFiles, &QListWidget::itemDoubleClicked, this, [this] { cmdOpen_Click(); });
     connect(cmdCancel, &QPushButton::clicked, this, [this] { close(); });
-    connect(cmdHelp, &QPushButton::clicked, this,
-            [this] { Guard(this, false, [&] { DisplayContextHelp(AppHelpFile(), help::kInitialOpen, S(windowTitle())); }); });
+    connect(cmdHelp, &QPushButton::clicked, this, [this] {
+        Guard(this, false,
+              [&] { DisplayContextHelp(AppHelpFile(), help::kInitialOpen, S(windowTitle())); });
+    });
 }
 
 void frmInitialOpen::cmdOpen_Click() {

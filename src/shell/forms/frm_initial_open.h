@@ -11,7 +11,7 @@ namespace tt::gui {
 class frmInitialOpen : public QDialog {
     Q_OBJECT
 
-public:
+  public:
     explicit frmInitialOpen(QWidget* parent = nullptr);
 
     void cmdOpen_Click();

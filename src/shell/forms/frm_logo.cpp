@@ -18,10 +18,10 @@ namespace {
 
 // The picture of the launch pad: the name over a running track.
 class LogoPicture : public QWidget {
-public:
+  public:
     explicit LogoPicture(QWidget* parent) : QWidget(parent) { setMinimumSize(260, 70); }
 
-protected:
+  protected:
     void paintEvent(QPaintEvent*) override {
         QPainter p(this);
         p.setRenderHint(QPainter::Antialiasing);
@@ -54,7 +54,8 @@ frmLogo::frmLogo(QWidget* parent) : QWidget(parent) {
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(new LogoPicture(this));
     auto* grid = new QGridLayout;
-    auto make = [&](QPushButton*& b, const char* name, const char* caption, void (*command)(), int row, int col) {
+    auto make = [&](QPushButton*& b, const char* name, const char* caption, void (*command)(),
+                    int row, int col) {
         b = new QPushButton(caption, this);
         b->setObjectName(name);
         b->setMinimumHeight(32);
@@ -67,13 +68,16 @@ frmLogo::frmLogo(QWidget* parent) : QWidget(parent) {
     make(cmdListBets, "cmdListBets", "List Bets", mnuViewListBets_Click, 1, 1);
     make(cmdDisplayOdds, "cmdDisplayOdds", "Display Odds", mnuViewDisplayOdds_Click, 2, 0);
     make(cmdEnterResults, "cmdEnterResults", "Record Results", mnuEditResults_Click, 2, 1);
-    make(cmdDisplayPayouts, "cmdDisplayPayouts", "Display Payouts", mnuViewDisplayPayouts_Click, 3, 0);
+    make(cmdDisplayPayouts, "cmdDisplayPayouts", "Display Payouts", mnuViewDisplayPayouts_Click, 3,
+         0);
     layout->addLayout(grid);
     EnableGroups(false, false);
 }
 
 void frmLogo::EnableGroups(bool fileOpen, bool raceExists) {
-    auto set = [](QPushButton* b, bool on, const char* form) { b->setEnabled(on && IsFormRegistered(form)); };
+    auto set = [](QPushButton* b, bool on, const char* form) {
+        b->setEnabled(on && IsFormRegistered(form));
+    };
     set(cmdRaceCard, fileOpen, "frmRaceCard");
     set(cmdEditBettors, fileOpen, "frmSelectBettor");
     // The race buttons follow the race commands alone, as the menu entries do.
@@ -87,7 +91,8 @@ void frmLogo::EnableGroups(bool fileOpen, bool raceExists) {
 void frmLogo::Place() {
     QWidget* frame = parentWidget() ? parentWidget() : this;
     frame->resize(frame->sizeHint());
-    Placement p{ToTwips(frame->x()), ToTwips(frame->y()), ToTwips(frame->width()), ToTwips(frame->height())};
+    Placement p{ToTwips(frame->x()), ToTwips(frame->y()), ToTwips(frame->width()),
+                ToTwips(frame->height())};
     p = PlaceLogo(p);
     frame->move(Twips(p.left), Twips(p.top));
 }

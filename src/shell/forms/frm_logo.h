@@ -10,7 +10,7 @@ namespace tt::gui {
 class frmLogo : public QWidget {
     Q_OBJECT
 
-public:
+  public:
     explicit frmLogo(QWidget* parent = nullptr);
     void EnableGroups(bool fileOpen, bool raceExists);
     // Centres the launch pad in the main window, no further right than 1,500 twips and no lower

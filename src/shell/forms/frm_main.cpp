@@ -95,8 +95,9 @@ QAction* frmMain::Action(const std::string& name) const {
     return it == actions_.end() ? nullptr : it->second;
 }
 
-QAction* frmMain::AddAction(QMenu* menu, const char* name, const QString& caption, std::function<void()> run,
-                            int group, std::string needsForm, const QKeySequence& shortcut) {
+QAction* frmMain::AddAction(QMenu* menu, const char* name, const QString& caption,
+                            std::function<void()> run, int group, std::string needsForm,
+                            const QKeySequence& shortcut) {
     auto* a = new QAction(caption, this);
     a->setObjectName(name);
     if (!shortcut.isEmpty()) a->setShortcut(shortcut);
@@ -110,17 +111,26 @@ QAction* frmMain::AddAction(QMenu* menu, const char* name, const QString& captio
 void frmMain::BuildMenus() {
     QMenu* file = menuBar()->addMenu("&File");
     file->setObjectName("mnuFile");
-    AddAction(file, "mnuFileNew", "&New", [] { mnuFileNew_Click(); }, 0, "", QKeySequence("Ctrl+N"));
-    AddAction(file, "mnuFileOpen", "&Open", [] { mnuFileOpen_Click(); }, 0, "", QKeySequence("Ctrl+O"));
-    AddAction(file, "mnuFileClose", "&Close", [] { mnuFileClose_Click(); }, 1);
+    AddAction(
+        file, "mnuFileNew", "&New", [] { mnuFileNew_Click(); }, 0, "", QKeySequence("Ctrl+N"));
+    AddAction(
+        file, "mnuFileOpen", "&Open", [] { mnuFileOpen_Click(); }, 0, "", QKeySequence("Ctrl+O"));
+    AddAction(
+        file, "mnuFileClose", "&Close", [] { mnuFileClose_Click(); }, 1);
     file->addSeparator();
-    AddAction(file, "mnuFileSave", "&Save", [] { mnuFileSave_Click(); }, 1, "", QKeySequence("Ctrl+S"));
-    AddAction(file, "mnuFileSaveAs", "Save &As...", [] { mnuFileSaveAs_Click(); }, 1);
+    AddAction(
+        file, "mnuFileSave", "&Save", [] { mnuFileSave_Click(); }, 1, "", QKeySequence("Ctrl+S"));
+    AddAction(
+        file, "mnuFileSaveAs", "Save &As...", [] { mnuFileSaveAs_Click(); }, 1);
     file->addSeparator();
-    AddAction(file, "mnuFilePageSetup", "Page Set&up...", [] { mnuFilePageSetup_Click(); }, 1);
-    AddAction(file, "mnuFilePrint", "&Print...", [] { mnuFilePrint_Click(); }, 1, "frmPrint",
-              QKeySequence("Ctrl+P"));
-    AddAction(file, "mnuFilePrintToFile", "Print to &File", [] {}, 0)->setVisible(false);
+    AddAction(
+        file, "mnuFilePageSetup", "Page Set&up...", [] { mnuFilePageSetup_Click(); }, 1);
+    AddAction(
+        file, "mnuFilePrint", "&Print...", [] { mnuFilePrint_Click(); }, 1, "frmPrint",
+        QKeySequence("Ctrl+P"));
+    AddAction(
+        file, "mnuFilePrintToFile", "Print to &File", [] {}, 0)
+        ->setVisible(false);
     QAction* mruSep = file->addSeparator();
     mruSep->setObjectName("mnuFileMRUSep");
     for (int i = 0; i < 4; ++i) {
@@ -134,15 +144,19 @@ void frmMain::BuildMenus() {
 
     QMenu* edit = menuBar()->addMenu("&Edit");
     edit->setObjectName("mnuEdit");
-    AddAction(edit, "mnuEditSetupRaceCard", "Setup Race &Card", [] { mnuEditSetupRaceCard_Click(); }, 1,
-              "frmRaceCard");
-    AddAction(edit, "mnuEditSetupBettors", "&Setup Bettors", [] { mnuEditSetupBettors_Click(); }, 1,
-              "frmSelectBettor");
+    AddAction(
+        edit, "mnuEditSetupRaceCard", "Setup Race &Card", [] { mnuEditSetupRaceCard_Click(); }, 1,
+        "frmRaceCard");
+    AddAction(
+        edit, "mnuEditSetupBettors", "&Setup Bettors", [] { mnuEditSetupBettors_Click(); }, 1,
+        "frmSelectBettor");
     edit->addSeparator();
-    AddAction(edit, "mnuEditPlaceBets", "&Betting Window", [] { mnuEditPlaceBets_Click(); }, 2,
-              "frmTransaction");
-    AddAction(edit, "mnuEditResults", "&Record Race Results", [] { mnuEditResults_Click(); }, 2,
-              "frmEditResults");
+    AddAction(
+        edit, "mnuEditPlaceBets", "&Betting Window", [] { mnuEditPlaceBets_Click(); }, 2,
+        "frmTransaction");
+    AddAction(
+        edit, "mnuEditResults", "&Record Race Results", [] { mnuEditResults_Click(); }, 2,
+        "frmEditResults");
 
     QMenu* view = menuBar()->addMenu("&View");
     view->setObjectName("mnuView");
@@ -161,30 +175,38 @@ void frmMain::BuildMenus() {
     sb->setCheckable(true);
     sb->setChecked(true);
     view->addSeparator();
-    AddAction(view, "mnuViewListBets", "&List Bets", [] { mnuViewListBets_Click(); }, 2, "frmListBets");
-    AddAction(view, "mnuViewDisplayOdds", "Display &Odds", [] { mnuViewDisplayOdds_Click(); }, 2,
-              "frmDisplayOdds");
-    AddAction(view, "mnuViewDisplayPayouts", "Display &Payouts", [] { mnuViewDisplayPayouts_Click(); }, 2,
-              "frmDisplayPayouts");
+    AddAction(
+        view, "mnuViewListBets", "&List Bets", [] { mnuViewListBets_Click(); }, 2, "frmListBets");
+    AddAction(
+        view, "mnuViewDisplayOdds", "Display &Odds", [] { mnuViewDisplayOdds_Click(); }, 2,
+        "frmDisplayOdds");
+    AddAction(
+        view, "mnuViewDisplayPayouts", "Display &Payouts", [] { mnuViewDisplayPayouts_Click(); }, 2,
+        "frmDisplayPayouts");
 
     QMenu* tools = menuBar()->addMenu("&Tools");
     tools->setObjectName("mnuTools");
-    AddAction(tools, "mnuToolsImportBettors", "&Bring in Bettors from another File",
-              [] { Shell().ShowForm("frmImportBettors", true); }, 1, "frmImportBettors");
+    AddAction(
+        tools, "mnuToolsImportBettors", "&Bring in Bettors from another File",
+        [] { Shell().ShowForm("frmImportBettors", true); }, 1, "frmImportBettors");
     AddAction(tools, "mnuToolsRaceCardFile", "&Create Race Card File", [] {})->setVisible(false);
     AddAction(tools, "mnuToolsImportRaces", "&Import Races and Bets", [] {})->setVisible(false);
-    AddAction(tools, "mnuToolsResetMax", "Reset &Max Races, Bets per Ticket",
-              [] { Shell().ShowForm("frmResetMax", true); })
-        ->setVisible(false);
+    AddAction(tools, "mnuToolsResetMax", "Reset &Max Races, Bets per Ticket", [] {
+        Shell().ShowForm("frmResetMax", true);
+    })->setVisible(false);
     tools->addSeparator();
-    AddAction(tools, "mnuToolsRestore", "&Restore from Recovery File", [] { mnuToolsRestore_Click(); }, 1,
-              "frmRestore");
+    AddAction(
+        tools, "mnuToolsRestore", "&Restore from Recovery File", [] { mnuToolsRestore_Click(); }, 1,
+        "frmRestore");
 
     QMenu* window = menuBar()->addMenu("&Window");
     window->setObjectName("mnuWindow");
-    AddAction(window, "mnuWindowCascade", "&Cascade", [this] { Arrange(0); }, 1);
-    AddAction(window, "mnuWindowTileHorizontal", "Tile &Horizontally", [this] { Arrange(1); }, 1);
-    AddAction(window, "mnuWindowTileVertical", "Tile &Vertically", [this] { Arrange(2); }, 1);
+    AddAction(
+        window, "mnuWindowCascade", "&Cascade", [this] { Arrange(0); }, 1);
+    AddAction(
+        window, "mnuWindowTileHorizontal", "Tile &Horizontally", [this] { Arrange(1); }, 1);
+    AddAction(
+        window, "mnuWindowTileVertical", "Tile &Vertically", [this] { Arrange(2); }, 1);
     AddAction(window, "mnuWindowArrangeIcons", "&Arrange Icons", [this] { Arrange(3); });
 
     QMenu* help = menuBar()->addMenu("&Help");
@@ -193,8 +215,9 @@ void frmMain::BuildMenus() {
     AddAction(help, "mnuHelpWindow", "&Window Help", [this] { DisplayHelp(this, 0); });
     AddAction(help, "mnuHelpSearch", "&Search For Help On...", [this] { HelpSearch(this); });
     help->addSeparator();
-    AddAction(help, "mnuHelpAbout", "&About Tamberlin Tally...", [] { Shell().ShowForm("frmAbout", true); }, 0,
-              "frmAbout");
+    AddAction(
+        help, "mnuHelpAbout", "&About Tamberlin Tally...",
+        [] { Shell().ShowForm("frmAbout", true); }, 0, "frmAbout");
 }
 
 void frmMain::BuildToolBar() {
@@ -216,7 +239,8 @@ void frmMain::BuildToolBar() {
     };
     for (const ToolbarButton& b : ToolbarButtons()) {
         std::string key = b.key;
-        if (key == "Save" || key == "Cascade" || key == "PlaceBets" || key == "Help") toolBar_->addSeparator();
+        if (key == "Save" || key == "Cascade" || key == "PlaceBets" || key == "Help")
+            toolBar_->addSeparator();
         auto* a = new QAction(ToolIcon(key, style()), Q(b.toolTip), this);
         a->setObjectName(Q("tb" + key));
         a->setToolTip(Q(b.toolTip));
@@ -327,7 +351,8 @@ void frmMain::RememberPlacement() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    bool normal = !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
+    bool normal =
+        !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
     Placement p{ToTwips(x()), ToTwips(y()), ToTwips(width()), ToTwips(height())};
     bool mayClose = true;
     Guard(this, false, [&] { mayClose = MainUnload(normal, p); });
@@ -372,9 +397,13 @@ void frmMain::SetBusy(bool busy) {
     }
 }
 
-void frmMain::DoEvents() { QApplication::processEvents(); }
+void frmMain::DoEvents() {
+    QApplication::processEvents();
+}
 
-void frmMain::SetTitle(const std::string& title) { setWindowTitle(Q(title)); }
+void frmMain::SetTitle(const std::string& title) {
+    setWindowTitle(Q(title));
+}
 
 void frmMain::ShowMru(const std::array<std::string, 4>& captions) {
     for (std::size_t i = 0; i < 4; ++i) {
@@ -420,7 +449,8 @@ void frmMain::CloseChildWindows() {
 frmLogo* frmMain::Logo() {
     if (auto* logo = findChild<frmLogo*>()) return logo;
     auto* logo = new frmLogo(this);
-    QMdiSubWindow* sub = mdi_->addSubWindow(logo, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowMinimizeButtonHint);
+    QMdiSubWindow* sub = mdi_->addSubWindow(
+        logo, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowMinimizeButtonHint);
     sub->setAttribute(Qt::WA_DeleteOnClose);
     sub->setWindowTitle("Tamberlin Tally");
     // Help on the launch pad is the walk through a race day that its buttons follow.
@@ -448,7 +478,8 @@ void frmMain::ShowForm(const std::string& name, bool modal) {
     if (QMdiSubWindow* sub = SubWindowOf(name)) {
         sub->showNormal();
         mdi_->setActiveSubWindow(sub);
-        if (auto* child = children_[name].data()) QMetaObject::invokeMethod(child, "RefreshContents");
+        if (auto* child = children_[name].data())
+            QMetaObject::invokeMethod(child, "RefreshContents");
         return;
     }
     QWidget* form = MakeForm(name, this);
@@ -477,9 +508,13 @@ void frmMain::UnloadForm(const std::string& name) {
     if (QMdiSubWindow* sub = SubWindowOf(name)) sub->close();
 }
 
-bool frmMain::IsFormLoaded(const std::string& name) { return SubWindowOf(name) != nullptr; }
+bool frmMain::IsFormLoaded(const std::string& name) {
+    return SubWindowOf(name) != nullptr;
+}
 
-std::string frmMain::StatusText() { return S(statusPanel_->text()); }
+std::string frmMain::StatusText() {
+    return S(statusPanel_->text());
+}
 
 void frmMain::UnloadDisplays(bool withTransaction) {
     if (withTransaction) UnloadForm("frmTransaction");
@@ -493,7 +528,9 @@ void frmMain::Arrange(int mode) {
         if (w->isVisible() && !w->isMinimized()) windows << w;
     QRect area = mdi_->viewport()->rect();
     switch (mode) {
-        case 0: mdi_->cascadeSubWindows(); break;
+        case 0:
+            mdi_->cascadeSubWindows();
+            break;
         case 1:
         case 2: {
             if (windows.isEmpty()) break;
@@ -522,7 +559,8 @@ void frmMain::Arrange(int mode) {
             }
             break;
         }
-        default: break;
+        default:
+            break;
     }
 }
 

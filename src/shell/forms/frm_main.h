@@ -24,7 +24,7 @@ class frmLogo;
 class frmMain : public QMainWindow, public ShellPort {
     Q_OBJECT
 
-public:
+  public:
     explicit frmMain(QWidget* parent = nullptr);
     ~frmMain() override;
 
@@ -60,18 +60,18 @@ public:
 
     QMenu* createPopupMenu() override;
 
-protected:
+  protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
-private:
+  private:
     struct Command {
         QAction* action;
-        int group;                 // 0 always, 1 needs an open card, 2 needs a race
-        std::string needsForm;     // the window it opens; disabled until that window exists
+        int group;              // 0 always, 1 needs an open card, 2 needs a race
+        std::string needsForm;  // the window it opens; disabled until that window exists
     };
     QAction* AddAction(QMenu* menu, const char* name, const QString& caption,
                        std::function<void()> run, int group = 0, std::string needsForm = {},

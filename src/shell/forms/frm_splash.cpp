@@ -7,10 +7,14 @@
 namespace tt::gui {
 
 QString VersionText() {
-    return QString("Version %1.%2.%3").arg(TALLY_VERSION_MAJOR).arg(TALLY_VERSION_MINOR).arg(TALLY_VERSION_PATCH);
+    return QString("Version %1.%2.%3")
+        .arg(TALLY_VERSION_MAJOR)
+        .arg(TALLY_VERSION_MINOR)
+        .arg(TALLY_VERSION_PATCH);
 }
 
-frmSplash::frmSplash(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
+frmSplash::frmSplash(QWidget* parent)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
     setObjectName("frmSplash");
     setFixedSize(460, 260);
     auto* layout = new QVBoxLayout(this);
@@ -34,7 +38,8 @@ void frmSplash::paintEvent(QPaintEvent*) {
     g.setColorAt(1, QColor(14, 48, 26));
     p.fillRect(rect(), g);
     p.setPen(QPen(QColor(240, 230, 190, 90), 3));
-    for (int i = 0; i < 4; ++i) p.drawArc(QRectF(-120 + i * 14, 120 + i * 14, 700 - i * 28, 300), 20 * 16, 140 * 16);
+    for (int i = 0; i < 4; ++i)
+        p.drawArc(QRectF(-120 + i * 14, 120 + i * 14, 700 - i * 28, 300), 20 * 16, 140 * 16);
     QFont f = font();
     f.setPointSizeF(f.pointSizeF() * 2.6);
     f.setBold(true);
@@ -45,7 +50,8 @@ void frmSplash::paintEvent(QPaintEvent*) {
     QFont s = font();
     s.setPointSizeF(s.pointSizeF() * 1.1);
     p.setFont(s);
-    p.drawText(QRect(0, 105, width(), 30), Qt::AlignCenter, "Pari-mutuel betting for private race days");
+    p.drawText(QRect(0, 105, width(), 30), Qt::AlignCenter,
+               "Pari-mutuel betting for private race days");
 }
 
 }  // namespace tt::gui

@@ -6,10 +6,10 @@
 namespace tt::gui {
 
 class frmSplash : public QWidget {
-public:
+  public:
     explicit frmSplash(QWidget* parent = nullptr);
 
-protected:
+  protected:
     void paintEvent(QPaintEvent* event) override;
 };
 

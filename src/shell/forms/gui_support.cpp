@@ -40,8 +40,12 @@ QColor ColorOf(std::uint32_t bgr) {
 }
 }  // namespace
 
-int Twips(double twips) { return static_cast<int>(twips / TwipsPerPixel() + 0.5); }
-double ToTwips(int pixels) { return pixels * TwipsPerPixel(); }
+int Twips(double twips) {
+    return static_cast<int>(twips / TwipsPerPixel() + 0.5);
+}
+double ToTwips(int pixels) {
+    return pixels * TwipsPerPixel();
+}
 
 void Guard(QWidget* form, bool unloadOnError, const std::function<void()>& handler) {
     try {
@@ -69,7 +73,8 @@ void ApplyFocus(QWidget* form, FormState& logic, std::string& selectText) {
 void FillCombo(QComboBox* box, const ListData& list) {
     QSignalBlocker block(box);
     box->clear();
-    for (const auto& item : list.Items()) box->addItem(Q(item.text), QVariant::fromValue<qlonglong>(item.itemData));
+    for (const auto& item : list.Items())
+        box->addItem(Q(item.text), QVariant::fromValue<qlonglong>(item.itemData));
     box->setCurrentIndex(list.ListIndex());
 }
 
@@ -106,8 +111,9 @@ void Apply(QLineEdit* edit, const ControlState& s) {
     edit->setVisible(s.visible);
     edit->setEnabled(s.enabled);
     QPalette p = edit->palette();
-    p.setColor(QPalette::Base, s.backColor == kColorWhite ? QApplication::palette().color(QPalette::Base)
-                                                         : ColorOf(s.backColor));
+    p.setColor(QPalette::Base, s.backColor == kColorWhite
+                                   ? QApplication::palette().color(QPalette::Base)
+                                   : ColorOf(s.backColor));
     edit->setPalette(p);
 }
 
@@ -133,9 +139,12 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::DisplayRole) return Q(grid_->TextMatrix(row, index.column()));
     if (role == Qt::TextAlignmentRole) {
         switch (grid_->CellAlignment(row, index.column())) {
-            case CellAlign::kCenter: return int(Qt::AlignCenter);
-            case CellAlign::kRight: return int(Qt::AlignRight | Qt::AlignVCenter);
-            case CellAlign::kLeft: return int(Qt::AlignLeft | Qt::AlignVCenter);
+            case CellAlign::kCenter:
+                return int(Qt::AlignCenter);
+            case CellAlign::kRight:
+                return int(Qt::AlignRight | Qt::AlignVCenter);
+            case CellAlign::kLeft:
+                return int(Qt::AlignLeft | Qt::AlignVCenter);
             case CellAlign::kGeneral: {
                 double v;
                 return SortsAsNumber(grid_->TextMatrix(row, index.column()), v)
@@ -199,7 +208,7 @@ QIcon AppIcon() {
 namespace {
 
 class QtMessages : public MessagePort {
-public:
+  public:
     int Show(const MessageRequest& r) override {
         QMessageBox box(QApplication::activeWindow());
         box.setWindowTitle(Q(r.title.empty() ? kDefaultTitle : r.title));
@@ -208,25 +217,44 @@ public:
         text.replace("\r\n", "\n").replace("\n\r", "\n").replace('\r', '\n');
         box.setText(text);
         switch (r.icon) {
-            case Icon::kNone: box.setIcon(QMessageBox::NoIcon); break;
-            case Icon::kExclamation: box.setIcon(QMessageBox::Warning); break;
-            case Icon::kInformation: box.setIcon(QMessageBox::Information); break;
-            case Icon::kQuestion: box.setIcon(QMessageBox::Question); break;
-            case Icon::kCritical: box.setIcon(QMessageBox::Critical); break;
+            case Icon::kNone:
+                box.setIcon(QMessageBox::NoIcon);
+                break;
+            case Icon::kExclamation:
+                box.setIcon(QMessageBox::Warning);
+                break;
+            case Icon::kInformation:
+                box.setIcon(QMessageBox::Information);
+                break;
+            case Icon::kQuestion:
+                box.setIcon(QMessageBox::Question);
+                break;
+            case Icon::kCritical:
+                box.setIcon(QMessageBox::Critical);
+                break;
         }
         std::vector<std::pair<QMessageBox::StandardButton, int>> buttons;
         switch (r.buttons) {
-            case Buttons::kOK: buttons = {{QMessageBox::Ok, kOK}}; break;
-            case Buttons::kOKCancel: buttons = {{QMessageBox::Ok, kOK}, {QMessageBox::Cancel, kCancel}}; break;
-            case Buttons::kYesNo: buttons = {{QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}}; break;
+            case Buttons::kOK:
+                buttons = {{QMessageBox::Ok, kOK}};
+                break;
+            case Buttons::kOKCancel:
+                buttons = {{QMessageBox::Ok, kOK}, {QMessageBox::Cancel, kCancel}};
+                break;
+            case Buttons::kYesNo:
+                buttons = {{QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}};
+                break;
             case Buttons::kYesNoCancel:
-                buttons = {{QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}, {QMessageBox::Cancel, kCancel}};
+                buttons = {{QMessageBox::Yes, kYes},
+                           {QMessageBox::No, kNo},
+                           {QMessageBox::Cancel, kCancel}};
                 break;
         }
         QMessageBox::StandardButtons all;
         for (auto& b : buttons) all |= b.first;
         box.setStandardButtons(all);
-        std::size_t def = static_cast<std::size_t>(std::clamp(r.defaultButton, 0, int(buttons.size()) - 1));
+        std::size_t def =
+            static_cast<std::size_t>(std::clamp(r.defaultButton, 0, int(buttons.size()) - 1));
         box.setDefaultButton(buttons[def].first);
         box.setEscapeButton(buttons.back().first);
         QApplication::restoreOverrideCursor();
@@ -240,7 +268,8 @@ public:
 };
 
 QString FilterOf(const std::string& filter) {
-    // "Tamberlin Tally Files (*.tly)|*.tly|All (*.*)|*.*" -> "Tamberlin Tally Files (*.tly);;All (*.*)"
+    // "Tamberlin Tally Files (*.tly)|*.tly|All (*.*)|*.*" -> "Tamberlin Tally Files (*.tly);;All
+    // (*.*)"
     QStringList parts = Q(filter).split('|');
     QStringList out;
     for (int i = 0; i + 1 < parts.size(); i += 2) out << parts[i];
@@ -248,7 +277,7 @@ QString FilterOf(const std::string& filter) {
 }
 
 class QtDialogs : public FileDialogPort {
-public:
+  public:
     std::optional<std::string> Open(const FileDialogRequest& r) override {
         QString name = QFileDialog::getOpenFileName(QApplication::activeWindow(), Q(r.title),
                                                     Q(r.initialName), FilterOf(r.filter));
@@ -256,9 +285,11 @@ public:
         return S(QDir::toNativeSeparators(name));
     }
     std::optional<std::string> Save(const FileDialogRequest& r) override {
-        QFileDialog dlg(QApplication::activeWindow(), Q(r.title), Q(r.initialName), FilterOf(r.filter));
+        QFileDialog dlg(QApplication::activeWindow(), Q(r.title), Q(r.initialName),
+                        FilterOf(r.filter));
         dlg.setAcceptMode(QFileDialog::AcceptSave);
-        if (!r.defaultExt.empty()) dlg.setDefaultSuffix(Q(r.defaultExt).remove(0, r.defaultExt[0] == '.' ? 1 : 0));
+        if (!r.defaultExt.empty())
+            dlg.setDefaultSuffix(Q(r.defaultExt).remove(0, r.defaultExt[0] == '.' ? 1 : 0));
         if (!r.overwritePrompt) dlg.setOption(QFileDialog::DontConfirmOverwrite);
         if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return std::nullopt;
         return S(QDir::toNativeSeparators(dlg.selectedFiles().first()));
@@ -268,7 +299,7 @@ public:
 // Fixed-pitch lines on the printer. With no printer installed the pages go to a PDF in the
 // user's documents, so that nothing is lost.
 class QtPrinter : public PrinterPort {
-public:
+  public:
     QtPrinter() : printer_(QPrinter::HighResolution) {
         if (QPrinterInfo::availablePrinters().isEmpty()) UsePdf();
         font_.setStyleHint(QFont::TypeWriter);
@@ -315,7 +346,7 @@ public:
         return dlg.exec() == QDialog::Accepted;
     }
 
-private:
+  private:
     void UsePdf() {
         pdf_ = true;
         QString dir = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -323,11 +354,13 @@ private:
         QDir().mkpath(dir);
         printer_.setOutputFormat(QPrinter::PdfFormat);
         printer_.setOutputFileName(dir + "/Tamberlin Tally " +
-                                   QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss") + ".pdf");
+                                   QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss") +
+                                   ".pdf");
     }
     void Begin() {
         if (painter_.isActive()) return;
-        if (!painter_.begin(&printer_)) throw AppError(kErrPrinter, "The printer could not be started");
+        if (!painter_.begin(&printer_))
+            throw AppError(kErrPrinter, "The printer could not be started");
         painter_.setFont(font_);
         y_ = 0;
     }
@@ -340,8 +373,14 @@ private:
 
 }  // namespace
 
-std::unique_ptr<MessagePort> MakeMessageBoxes() { return std::make_unique<QtMessages>(); }
-std::unique_ptr<FileDialogPort> MakeFileDialogs() { return std::make_unique<QtDialogs>(); }
-std::unique_ptr<PrinterPort> MakePrinter() { return std::make_unique<QtPrinter>(); }
+std::unique_ptr<MessagePort> MakeMessageBoxes() {
+    return std::make_unique<QtMessages>();
+}
+std::unique_ptr<FileDialogPort> MakeFileDialogs() {
+    return std::make_unique<QtDialogs>();
+}
+std::unique_ptr<PrinterPort> MakePrinter() {
+    return std::make_unique<QtPrinter>();
+}
 
 }  // namespace tt::gui

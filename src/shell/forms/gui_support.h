@@ -25,8 +25,12 @@ class QLineEdit;
 
 namespace tt::gui {
 
-inline QString Q(const std::string& s) { return QString::fromStdString(s); }
-inline std::string S(const QString& s) { return s.toStdString(); }
+inline QString Q(const std::string& s) {
+    return QString::fromStdString(s);
+}
+inline std::string S(const QString& s) {
+    return s.toStdString();
+}
 
 // Twips to pixels: 15 twips a pixel at 96 dots an inch, scaled by the screen's logical DPI.
 int Twips(double twips);
@@ -76,7 +80,7 @@ void Apply(QLineEdit* edit, const ControlState& s);
 
 // A grid's cells shown through a table model.
 class GridModel : public QAbstractTableModel {
-public:
+  public:
     explicit GridModel(QObject* parent = nullptr) : QAbstractTableModel(parent) {}
     // Shows the grid; call again after the grid changed.
     void SetGrid(const GridData* grid);
@@ -85,7 +89,7 @@ public:
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation o, int role) const override;
 
-private:
+  private:
     const GridData* grid_ = nullptr;
 };
 
