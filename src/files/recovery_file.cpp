@@ -27,6 +27,18 @@ void TestRecoveryFile() {
     }
 }
 
+void LogTransaction(const std::vector<RecoveryRow>& rows) {
+    CloseRecoveryChannel();
+    try {
+        std::string out;
+        for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
+        Files().Append(RF.RecoveryFile, out);
+    } catch (const std::exception& e) {
+        AppError err = ToAppError(e);
+        RecoveryFailure("opening", err.Number(), err.Text(), err.Source());
+    }
+}
+
 void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t fileId) {
     auto text = [&](const std::string& s) {
         out += '"';

@@ -54,6 +54,10 @@ inline void CloseRecoveryChannel() {}
 // log off with a message when that fails.
 void TestRecoveryFile();
 
+// Appends the lines of a closed transaction, one a bet, stamped with the open file's identity;
+// a failure turns the log off with a message, and the transaction stands.
+void LogTransaction(const std::vector<RecoveryRow>& rows);
+
 // Drops the records of the open file older than the given number of days.
 void ClearOldRecovery(std::int16_t days);
 
