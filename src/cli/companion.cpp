@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <functional>
 #include <map>
+#include <optional>
 #include <ostream>
 
 #include "cli/console_ports.h"
@@ -14,9 +15,9 @@
 #include "model/number_text.h"
 #include "model/race_file.h"
 #include "payouts/display_payouts_logic.h"
-#include "payouts/edit_results_logic.h"
 #include "payouts/payout_handling_logic.h"
-#include "payouts/settlement.h"
+#include "payouts/record_result.h"
+#include "payouts/settle_race.h"
 #include "shell/error_path.h"
 #include "shell/qt_settings.h"
 
@@ -130,9 +131,6 @@ int RaceOption(Context& c) {
     return race;
 }
 
-int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers,
-               const std::string& path);
-
 int Settle(Context& c) {
     const QStringList files = c.parser.positionalArguments();
     if (files.size() != 2 || !c.parser.isSet("race")) return -1;
@@ -145,10 +143,12 @@ int Settle(Context& c) {
         }
         if (finishers.size() != 5) return -1;
     }
-    std::string handling;
+    std::optional<PoolHandling> handling;
     if (c.parser.isSet("handling")) {
-        static const std::map<std::string, std::string> kHandling = {
-            {"most", "Most"}, {"payback", "Payback"}, {"nopay", "NoPay"}};
+        static const std::map<std::string, PoolHandling> kHandling = {
+            {"most", PoolHandling::kMost},
+            {"payback", PoolHandling::kPayback},
+            {"nopay", PoolHandling::kNoPay}};
         auto h = kHandling.find(c.parser.value("handling").toStdString());
         if (h == kHandling.end()) return -1;
         handling = h->second;
@@ -159,53 +159,32 @@ int Settle(Context& c) {
     const std::string path = G.FilePath;
     int race = RaceOption(c);
     if (race == 0) return 1;
-    // Every pool without winners is answered as the flag says where the dialog allows it.
-    world.shell.onShow = [&](const std::string& name) {
-        if (name != "frmPayoutHandling") return;
-        PayoutHandlingLogic dialog;
-        dialog.Form_Load();
-        if (!handling.empty()) dialog.Choose(handling);
-        dialog.cmdOK_Click();
-    };
 
     // A failure in the middle, such as an overflow, shows the unexpected-error box and saves
     // nothing.
     try {
-        return SettleRace(c, race, finishers, path);
+        if (!finishers.empty()) {
+            std::array<std::int64_t, 6> result{};
+            for (int k = 1; k <= 5; ++k) {
+                const std::int64_t slot = finishers[static_cast<std::size_t>(k - 1)];
+                if (slot != 0 && !CanFinish(race, slot)) {
+                    c.err << "tally: racer slot " << slot << " cannot finish race " << race << "\n";
+                    return 1;
+                }
+                result[static_cast<std::size_t>(k)] = slot;
+            }
+            const ResultOutcome outcome = RecordResult(race, result, AskResultQuestion);
+            if (outcome.status != ResultStatus::kStored &&
+                outcome.status != ResultStatus::kUnchanged) {
+                ShowResultRefusal(outcome);
+                return 1;
+            }
+        }
+        // Every pool without winners is answered as the flag says where the dialog allows it.
+        SettleRace(race, DialogHandling(handling));
     } catch (const std::exception& e) {
         ShowUnexpectedError(ToAppError(e));
         return 1;
-    }
-}
-
-int SettleRace(Context& c, int race, const std::vector<std::int64_t>& finishers,
-               const std::string& path) {
-    G.CurrentRace = race;
-    bool calculated = false;
-    if (!finishers.empty()) {
-        EditResultsLogic results;
-        results.Form_Load();
-        for (int k = 1; k <= 5; ++k) {
-            if (RF.Race(race).Result(k) != finishers[static_cast<std::size_t>(k - 1)])
-                calculated = true;
-            ListData& list = results.comRacerName[static_cast<std::size_t>(k)].list;
-            int index = -1;
-            for (int i = 0; i < list.ListCount(); ++i)
-                if (list.ItemData(i) == finishers[static_cast<std::size_t>(k - 1)]) index = i;
-            if (index < 0) {
-                c.err << "tally: racer slot " << finishers[static_cast<std::size_t>(k - 1)]
-                      << " cannot finish race " << race << "\n";
-                return 1;
-            }
-            list.SetListIndex(index);
-            results.comRacerName_Click(k);
-        }
-        results.cmdOK_Click();
-        if (!results.unloaded) return 1;  // a check refused the result
-    }
-    if (!calculated) {
-        G.CurrentRace = race;
-        CalcPayouts();
     }
     G.FilePath = c.parser.isSet("o") ? c.parser.value("o").toStdString() : path;
     WriteRaceFile();
