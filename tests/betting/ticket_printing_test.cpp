@@ -2,9 +2,13 @@
 // across transactions up to MaxTransInPrinter, a block that does not fit ending the document,
 // the copies question, and a ticket painted into a real PDF.
 
+#include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
+#include <QPrintDialog>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "betting/finish_transaction.h"
 #include "betting/ticket_printing.h"
@@ -263,6 +267,51 @@ TEST_F(TicketPrinting, ATicketPaintedIntoAPdf) {
     Print();
     EXPECT_EQ(printer.PdfFile(), dir.filePath("tickets 2.pdf"));
     EXPECT_TRUE(QFile::exists(dir.filePath("tickets 2.pdf")));
+}
+
+TEST_F(TicketPrinting, AChoiceInThePrintSetUpWaitsForTheOpenDocument) {
+    QTemporaryDir dir;
+    gui::QtPrinter printer;
+    printer.PrintToPdf(dir.filePath("first.pdf"));
+    Ports ports = CurrentPorts();
+    ports.printer = &printer;
+    PortsScope scope(ports);
+    SetUpTicketPrinter();
+    RF.MaxTransInPrinter = 5;
+    AnnsTicket();
+    Print();
+    ASSERT_TRUE(printer.DocumentOpen());
+
+    // The set-up, answered with another PDF file while tickets wait.
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        EXPECT_EQ(dialog->windowTitle(), "Print Setup");
+        auto* file = dialog->findChild<QLineEdit*>("filename");
+        ASSERT_NE(file, nullptr);
+        EXPECT_EQ(file->text(), dir.filePath("first.pdf"));
+        file->setText(dir.filePath("second.pdf"));
+        dialog->accept();
+    });
+    EXPECT_TRUE(printer.SetupDialog());
+    EXPECT_EQ(printer.PdfFile(), dir.filePath("first.pdf"));
+    Print();
+    ReleaseTickets();
+    EXPECT_TRUE(QFile::exists(dir.filePath("first.pdf")));
+    Print();
+    ReleaseTickets();
+    EXPECT_EQ(printer.PdfFile(), dir.filePath("second.pdf"));
+    EXPECT_TRUE(QFile::exists(dir.filePath("second.pdf")));
+    Print();
+    ReleaseTickets();
+    EXPECT_EQ(printer.PdfFile(), dir.filePath("second 2.pdf"));
+
+    // Cancelled, it changes nothing.
+    QTimer::singleShot(0, [] { QApplication::activeModalWidget()->close(); });
+    EXPECT_FALSE(printer.SetupDialog());
+    Print();
+    ReleaseTickets();
+    EXPECT_EQ(printer.PdfFile(), dir.filePath("second 3.pdf"));
 }
 
 }  // namespace

@@ -111,29 +111,30 @@ void QtPrinter::PrintToPdf(const QString& path) {
     auto target = painter_.isActive() ? CopyOf(pending_ ? *pending_ : *printer_) : nullptr;
     QPrinter& p = target ? *target : *printer_;
     p.setOutputFormat(QPrinter::PdfFormat);
+    if (!path.isEmpty()) p.setOutputFileName(path);
     chosenPdf_ = path;
-    pdfDocs_ = 0;
     if (target) pending_ = std::move(target);
 }
 
 QString QtPrinter::NextPdfName() {
+    // A file already there is never written over: the document goes beside it, numbered.
+    QString base, suffix = ".pdf";
     if (!chosenPdf_.isEmpty()) {
-        if (pdfDocs_++ == 0) return chosenPdf_;
         const QFileInfo chosen(chosenPdf_);
-        const QString base = chosen.path() + "/" + chosen.completeBaseName() + " ";
-        const QString suffix = "." + (chosen.suffix().isEmpty() ? QString("pdf") : chosen.suffix());
-        for (int n = pdfDocs_;; ++n) {
-            const QString name = base + QString::number(n) + suffix;
-            if (!QFileInfo::exists(name)) return name;
-        }
+        if (!chosen.exists()) return chosenPdf_;
+        base = chosen.path() + "/" + chosen.completeBaseName();
+        if (!chosen.suffix().isEmpty()) suffix = "." + chosen.suffix();
+    } else {
+        const QString dir = DocumentsFolder();
+        QDir().mkpath(dir);
+        base = dir + "/Tamberlin Tally " +
+               QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss");
+        if (!QFileInfo::exists(base + suffix)) return base + suffix;
     }
-    const QString dir = DocumentsFolder();
-    QDir().mkpath(dir);
-    const QString base =
-        dir + "/Tamberlin Tally " + QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss");
-    QString name = base + ".pdf";
-    for (int n = 2; QFileInfo::exists(name); ++n) name = base + " " + QString::number(n) + ".pdf";
-    return name;
+    for (int n = 2;; ++n) {
+        const QString name = base + " " + QString::number(n) + suffix;
+        if (!QFileInfo::exists(name)) return name;
+    }
 }
 
 void QtPrinter::Begin() {
@@ -185,13 +186,9 @@ bool QtPrinter::SetupDialog() {
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
     if (dialog.exec() != QDialog::Accepted) return false;
     if (target.outputFormat() == QPrinter::PdfFormat) {
-        // Accepting the file the last numbered document went to keeps the numbering, rather
-        // than writing over it.
+        // The file the last numbered document went to, offered again, keeps the numbering.
         const QString chosen = target.outputFileName();
-        if (chosen != pdfFile_ || !chosenPdf_.isEmpty()) {
-            chosenPdf_ = chosen;
-            pdfDocs_ = 0;
-        }
+        if (!(chosenPdf_.isEmpty() && chosen == pdfFile_)) chosenPdf_ = chosen;
     } else {
         chosenPdf_.clear();
     }

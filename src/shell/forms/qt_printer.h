@@ -40,9 +40,9 @@ class QtPrinter : public PrinterPort {
     // The device, for print preview and PDF export built on top of this printer.
     QPrinter& Device() { return *printer_; }
     bool DocumentOpen() const { return painter_.isActive(); }
-    // From the next document on, documents go to this PDF file; a later document in the same
-    // run goes beside it as "name 2.pdf", "name 3.pdf", ... An empty path returns to numbered
-    // files in the user's documents.
+    // From the next document on, documents go to this PDF file; when it is already there a
+    // document goes beside it as "name 2.pdf", "name 3.pdf", ..., never over a file. An empty
+    // path returns to files named by the time in the user's documents.
     void PrintToPdf(const QString& path);
     bool PrintsToPdf() const;
     // The PDF file of the open or the last document; empty when printing on paper.
@@ -60,8 +60,7 @@ class QtPrinter : public PrinterPort {
     QPainter painter_;
     QFont font_;
     double y_ = 0;
-    QString chosenPdf_;  // the PDF file chosen, or empty for numbered files
-    int pdfDocs_ = 0;    // documents written since that choice
+    QString chosenPdf_;  // the PDF file chosen, or empty for files named by the time
     QString pdfFile_;
 };
 
