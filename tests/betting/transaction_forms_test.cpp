@@ -168,6 +168,22 @@ TEST_F(TransactionForms, TheBettingWindowInTheMainWindowKeepsItsPlaceAndAsksBefo
     EXPECT_EQ(world.settings.values["TranLeft"], NumText(gui::ToTwips(Twips(3000))));
     EXPECT_EQ(world.settings.values["TranTop"], NumText(gui::ToTwips(Twips(1500))));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    // Leaving the program asks about the open transaction first, while the card is still there.
+    mnuEditPlaceBets_Click();
+    NewTicket(1, 1, {{2, 1, {3}}});
+    world.messages.Clear();
+    world.messages.Answer(kCancel);
+    main.close();
+    EXPECT_TRUE(main.isVisible());
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Do you wish to keep your changes?"});
+    EXPECT_EQ(RF.Race(1).RaceName, "Maiden Sprint");
+    world.messages.Answer(kNo);
+    main.close();
+    EXPECT_FALSE(main.isVisible());
+    EXPECT_FALSE(main.IsFormLoaded("frmTransaction"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 }  // namespace
