@@ -10,15 +10,15 @@
 #include "cli/console_ports.h"
 #include "files/file_commands.h"
 #include "files/race_file_io.h"
+#include "model/error_path.h"
 #include "model/grid_data.h"
 #include "model/number_text.h"
+#include "model/qt_settings.h"
 #include "model/race_file.h"
 #include "payouts/display_payouts_logic.h"
 #include "payouts/edit_results_logic.h"
 #include "payouts/payout_handling_logic.h"
 #include "payouts/settlement.h"
-#include "shell/error_path.h"
-#include "shell/qt_settings.h"
 
 namespace tt::cli {
 

@@ -6,8 +6,8 @@
 #include "files/file_commands.h"
 #include "files/recovery_file.h"
 #include "model/common.h"
+#include "model/help_ids.h"
 #include "model/ports.h"
-#include "shell/help_ids.h"
 
 namespace tt {
 

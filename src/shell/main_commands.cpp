@@ -2,9 +2,9 @@
 
 #include "files/file_commands.h"
 #include "model/common.h"
+#include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 
 namespace tt {
 

@@ -19,6 +19,7 @@
 #include <optional>
 
 #include "files/file_commands.h"
+#include "model/help_ids.h"
 #include "model/race_file.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_about.h"
@@ -29,7 +30,6 @@
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
 #include "shell/forms/help_viewer.h"
-#include "shell/help_ids.h"
 #include "shell/help_topics.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"

@@ -19,10 +19,10 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "model/ports.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

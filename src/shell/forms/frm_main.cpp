@@ -16,13 +16,13 @@
 #include <QToolBar>
 
 #include "files/file_commands.h"
+#include "model/error_path.h"
+#include "model/help_ids.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_logo.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"
 
