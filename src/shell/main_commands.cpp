@@ -76,24 +76,4 @@ void mnuFilePageSetup_Click() {
     }
 }
 
-const std::vector<ToolbarButton>& ToolbarButtons() {
-    static const std::vector<ToolbarButton> kButtons = {
-        {"MRU", "Open Most Recent File"},
-        {"New", "New"},
-        {"Open", "Open"},
-        {"Save", "Save"},
-        {"Print", "Print"},
-        {"Cascade", "Cascade open windows"},
-        {"SetupRaceCard", "Setup Race Card"},
-        {"SetupBettors", "Setup Bettors"},
-        {"PlaceBets", "Betting Window"},
-        {"ListBets", "List Bets"},
-        {"DisplayOdds", "Display Odds"},
-        {"EditResults", "Record Race Results"},
-        {"DisplayPayouts", "Display Payouts"},
-        {"Help", "Help"},
-    };
-    return kButtons;
-}
-
 }  // namespace tt
