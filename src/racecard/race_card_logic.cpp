@@ -15,61 +15,17 @@ namespace {
 
 RaceCardLogic* g_active = nullptr;
 
-const char* const kBetTypeCaptions[11] = {"",       "Win",      "Place",        "Show",
-                                          "Exacta", "Trifecta", "Daily Double", "Pick 3",
-                                          "Pick 4", "Pick 5",   "Pick 6"};
-const char* const kBetTypeTips[11] = {"",
-                                      "Pick the winner of the race.",
-                                      "Pick one of the top two finishers.",
-                                      "Pick one of the top three finishers.",
-                                      "Pick the top two finishers in order.",
-                                      "Pick the top three finishers in order.",
-                                      "Pick the winner of two consecutive races.",
-                                      "Pick the winner of 3 consecutive races.",
-                                      "Pick the winner of 4 consecutive races.",
-                                      "Pick the winner of 5 consecutive races.",
-                                      "Pick the winner of 6 consecutive races."};
-const char* const kRoundSuffix[5] = {"001", "010", "25", "50", "1"};
-const char* const kRoundCaptions[5] = {"0.01", "0.10", "0.25", "0.50", "1.00"};
-
 const char* const kRaceNotEstablished = "Race not established!";
 const char* const kEnterRaceName = "Please enter Race Name before copying racers.";
 
-std::string Indexed(const char* name, int i) {
-    return std::string(name) + "(" + std::to_string(i) + ")";
-}
-
-// A single as the text boxes show it: the shortest text that reads back to the same value.
-std::string SingleText(float f) {
-    std::string s;
-    AppendFileNumber(s, f);
-    return s;
-}
-
 Currency MoneyOf(const ControlState& c) {
     return Currency::FromDouble(Val(c.text));
-}
-bool IsChecked(const ControlState& c) {
-    return c.value != 0;
 }
 bool Whole(double v) {
     return v == std::floor(v);
 }
 
 }  // namespace
-
-std::string RaceOrdinalCaption(int race) {
-    switch (race) {
-        case 1:
-            return "1st Race:";
-        case 2:
-            return "2nd Race:";
-        case 3:
-            return "3rd Race:";
-        default:
-            return Str(race) + "th Race:";
-    }
-}
 
 void FreeRacerSlot(RacerRec& racer) {
     racer.PostPosition = "0";
@@ -85,126 +41,6 @@ void FreeRacerSlot(RacerRec& racer) {
 RaceCardLogic::RaceCardLogic() {
     caption = "Race Card Setup";
     g_active = this;
-
-    for (const char* t : {"Horse", "Car", "Runner", "Dog", "Rabbit", "Golfer"})
-        comRaceTypeList.AddItem(t);
-    for (const char* s : {"Betting Number", "Program Number", "Post Position", "Name"})
-        comRacerSort.AddItem(s);
-
-    chkPrintBets.text = "Print tickets";
-    lblPrint2.text = "Hold a maximum of ";
-    lblPrint3.text = "transactions in memory before printing";
-    lblTicketFontSize.text = "Font Size:";
-    chkUseBetNbr.text = "Use Bet Numbers";
-    chkUseProgramNbr.text = "Use Program Numbers";
-    chkUsePostPosition.text = "Use Post Positions";
-    chkCollectZero.text = "Default cash/collect amount to 0.00";
-    chkDefaultToDummy.text = "Default Bettor to \"Not Specified\"";
-    for (int i = 1; i <= kBetTypes; ++i) {
-        chkBetType[i].text = chkRBetType[i].text = kBetTypeCaptions[i];
-        chkBetType[i].toolTip = chkRBetType[i].toolTip = kBetTypeTips[i];
-    }
-    for (int i = 0; i < 5; ++i) optRoundTo[i].text = optRRoundTo[i].text = kRoundCaptions[i];
-    chkDefault.text = chkRRDefault.text = "Set as default";
-    cmdPrev.text = cmdRRPrev.text = "<< Prev";
-    cmdNext.text = CmdRRNext.text = "Next >>";
-    cmdDelete.text = "Delete";
-    lblResultsMessage.text =
-        "Results for this race entered.  To edit protected items you must remove the results.";
-    lblResultsMessage.visible = false;
-    fraRace.text = "Settings for this Race";
-    cmdReset.text = "Reset to Defaults:";
-    cmdNew.text = "New Racer";
-    cmdCopyRacers.text = "Copy Racers";
-    cmdClearRacers.text = "Remove All:";
-    lblRResultsMessage.text =
-        "Results for this race entered.  To edit racers you must remove the results.";
-    lblRResultsMessage.visible = false;
-    chkBackup.text = "Prompt for file backup";
-    lblSaveAfter1.text = "After every";
-    lblSaveAfter2.text = "transactions";
-    chkRecoveryFlag.text = "Use Recovery File";
-    lblRecoveryFile.text = "Transaction Recovery File:";
-    cmdBrowse.text = "Browse...";
-    chkClearRecovery.text = "Clear Recovery File on file save.";
-    lblClear1.text = "Clear data";
-    lblClear2.text = "days old on File/Save.";
-    cmdOK.text = "OK";
-    cmdCancel.text = "Cancel";
-    cmdHelp.text = "Help";
-
-    Register("txtFileName", txtFileName, Kind::kPlain);
-    Register("comRaceType", comRaceType, Kind::kOther);
-    Register("chkPrintBets", chkPrintBets, Kind::kCheck);
-    Register("lblPrint2", lblPrint2, Kind::kOther);
-    Register("txtMaxTransInPrinter", txtMaxTransInPrinter, Kind::kNumber);
-    Register("lblPrint3", lblPrint3, Kind::kOther);
-    Register("lblTicketFontSize", lblTicketFontSize, Kind::kOther);
-    Register("txtTicketFontSize", txtTicketFontSize, Kind::kFont);
-    Register("txtReportFontSize", txtReportFontSize, Kind::kFont);
-    Register("chkUseBetNbr", chkUseBetNbr, Kind::kCheck);
-    Register("chkUseProgramNbr", chkUseProgramNbr, Kind::kCheck);
-    Register("chkUsePostPosition", chkUsePostPosition, Kind::kCheck);
-    Register("chkCollectZero", chkCollectZero, Kind::kCheck);
-    Register("chkDefaultToDummy", chkDefaultToDummy, Kind::kCheck);
-
-    Register("txtMinBet", txtMinBet, Kind::kMoney);
-    Register("txtMinPayout", txtMinPayout, Kind::kMoney);
-    Register("txtBetIncr", txtBetIncr, Kind::kMoney);
-    Register("txtHoldbackPct", txtHoldbackPct, Kind::kNumber);
-    Register("txtHoldbackAmt", txtHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i)
-        Register(Indexed("chkBetType", i), chkBetType[i], Kind::kCheck);
-    for (int i = 1; i <= 5; ++i) Register(Indexed("txtQuickBet", i), txtQuickBet[i], Kind::kMoney);
-    for (int i = 0; i < 5; ++i)
-        Register(std::string("optRoundTo") + kRoundSuffix[i], optRoundTo[i], Kind::kOption);
-
-    Register("lblRace", lblRace, Kind::kOther);
-    Register("txtRaceName", txtRaceName, Kind::kRaceName);
-    Register("chkDefault", chkDefault, Kind::kCheck);
-    Register("cmdPrev", cmdPrev, Kind::kOther);
-    Register("cmdNext", cmdNext, Kind::kOther);
-    Register("cmdDelete", cmdDelete, Kind::kOther);
-    Register("lblResultsMessage", lblResultsMessage, Kind::kOther);
-    Register("fraRace", fraRace, Kind::kOther);
-    Register("txtRMinBet", txtRMinBet, Kind::kMoney);
-    Register("txtRMinPayout", txtRMinPayout, Kind::kMoney);
-    Register("txtRBetIncr", txtRBetIncr, Kind::kMoney);
-    Register("txtRHoldbackPct", txtRHoldbackPct, Kind::kNumber);
-    Register("txtRHoldbackAmt", txtRHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i)
-        Register(Indexed("chkRBetType", i), chkRBetType[i], Kind::kCheck);
-    for (int i = 1; i <= 5; ++i)
-        Register(Indexed("txtRQuickBet", i), txtRQuickBet[i], Kind::kMoneyNoFilter);
-    for (int i = 0; i < 5; ++i)
-        Register(std::string("optRRoundTo") + kRoundSuffix[i], optRRoundTo[i], Kind::kOption);
-    Register("cmdReset", cmdReset, Kind::kOther);
-
-    Register("lblRRRace", lblRRRace, Kind::kOther);
-    Register("txtRRRaceName", txtRRRaceName, Kind::kRRRaceName);
-    Register("chkRRDefault", chkRRDefault, Kind::kCheck);
-    Register("cmdRRPrev", cmdRRPrev, Kind::kOther);
-    Register("CmdRRNext", CmdRRNext, Kind::kOther);
-    Register("cmdNew", cmdNew, Kind::kOther);
-    Register("cmdCopyRacers", cmdCopyRacers, Kind::kOther);
-    Register("cmdClearRacers", cmdClearRacers, Kind::kOther);
-    Register("lblRResultsMessage", lblRResultsMessage, Kind::kOther);
-
-    Register("chkBackup", chkBackup, Kind::kCheck);
-    Register("lblSaveAfter1", lblSaveAfter1, Kind::kOther);
-    Register("txtSaveAfter", txtSaveAfter, Kind::kNumber);
-    Register("lblSaveAfter2", lblSaveAfter2, Kind::kOther);
-    Register("chkRecoveryFlag", chkRecoveryFlag, Kind::kCheck);
-    Register("lblRecoveryFile", lblRecoveryFile, Kind::kOther);
-    Register("txtRecoveryFile", txtRecoveryFile, Kind::kPlain);
-    Register("cmdBrowse", cmdBrowse, Kind::kOther);
-    Register("chkClearRecovery", chkClearRecovery, Kind::kCheck);
-    Register("lblClear1", lblClear1, Kind::kOther);
-    Register("txtClearDays", txtClearDays, Kind::kNumber);
-    Register("lblClear2", lblClear2, Kind::kOther);
-    Register("cmdOK", cmdOK, Kind::kOther);
-    Register("cmdCancel", cmdCancel, Kind::kOther);
-    Register("cmdHelp", cmdHelp, Kind::kOther);
 }
 
 RaceCardLogic::~RaceCardLogic() {
@@ -213,43 +49,6 @@ RaceCardLogic::~RaceCardLogic() {
 
 RaceCardLogic* RaceCardLogic::Active() {
     return g_active;
-}
-
-void RaceCardLogic::Register(const std::string& name, ControlState& c, Kind kind) {
-    controls_[name] = {&c, kind};
-    names_[&c] = name;
-}
-
-const std::string& RaceCardLogic::NameOf(const ControlState& c) const {
-    return names_.at(&c);
-}
-
-ControlState& RaceCardLogic::Ctl(const std::string& name) {
-    auto it = controls_.find(name);
-    if (it == controls_.end()) Raise(kErrInvalidCall);
-    return *it->second.control;
-}
-
-std::vector<std::string> RaceCardLogic::TextNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind != Kind::kCheck && e.kind != Kind::kOption && e.kind != Kind::kOther)
-            out.push_back(name);
-    return out;
-}
-
-std::vector<std::string> RaceCardLogic::CheckNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind == Kind::kCheck) out.push_back(name);
-    return out;
-}
-
-std::vector<std::string> RaceCardLogic::OptionNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind == Kind::kOption) out.push_back(name);
-    return out;
 }
 
 // ---- Assignments by the window's code ----------------------------------------------------
@@ -287,11 +86,11 @@ void RaceCardLogic::SetRoundTo(std::array<ControlState, 5>& group, int code) {
 // ---- Mechanical events ---------------------------------------------------------------------
 
 void RaceCardLogic::Text_Change(const std::string& name) {
-    switch (controls_.at(name).kind) {
-        case Kind::kRaceName:
+    switch (KindOf(name)) {
+        case ControlKind::kRaceName:
             txtRaceName_Change();
             break;
-        case Kind::kRRRaceName:
+        case ControlKind::kRRRaceName:
             break;
         default:
             FormChanged = true;
@@ -300,17 +99,17 @@ void RaceCardLogic::Text_Change(const std::string& name) {
 }
 
 void RaceCardLogic::Text_GotFocus(const std::string& name) {
-    switch (controls_.at(name).kind) {
-        case Kind::kRaceName:
+    switch (KindOf(name)) {
+        case ControlKind::kRaceName:
             txtRaceName_GotFocus();
             break;
-        case Kind::kRRRaceName:
+        case ControlKind::kRRRaceName:
             txtRRRaceName_GotFocus();
             break;
-        case Kind::kMoney:
-        case Kind::kMoneyNoFilter:
-        case Kind::kNumber:
-        case Kind::kFont:
+        case ControlKind::kMoney:
+        case ControlKind::kMoneyNoFilter:
+        case ControlKind::kNumber:
+        case ControlKind::kFont:
             selectText = name;
             break;
         default:
@@ -319,10 +118,10 @@ void RaceCardLogic::Text_GotFocus(const std::string& name) {
 }
 
 void RaceCardLogic::Text_KeyPress(const std::string& name, int& key) {
-    switch (controls_.at(name).kind) {
-        case Kind::kMoney:
-        case Kind::kNumber:
-        case Kind::kFont:
+    switch (KindOf(name)) {
+        case ControlKind::kMoney:
+        case ControlKind::kNumber:
+        case ControlKind::kFont:
             key = NumericKeyFilter(key, false);
             break;
         default:
@@ -331,14 +130,15 @@ void RaceCardLogic::Text_KeyPress(const std::string& name, int& key) {
 }
 
 void RaceCardLogic::Text_LostFocus(const std::string& name) {
-    const Entry& e = controls_.at(name);
-    switch (e.kind) {
-        case Kind::kMoney:
-        case Kind::kMoneyNoFilter:
-            SetText(*e.control, MoneyText(Val(e.control->text)));
+    const ControlKind kind = KindOf(name);
+    ControlState& c = Ctl(name);
+    switch (kind) {
+        case ControlKind::kMoney:
+        case ControlKind::kMoneyNoFilter:
+            SetText(c, MoneyText(Val(c.text)));
             break;
-        case Kind::kFont:
-            if (e.control == &txtReportFontSize)
+        case ControlKind::kFont:
+            if (&c == &txtReportFontSize)
                 txtReportFontSize_LostFocus();
             else
                 txtTicketFontSize_LostFocus();
@@ -370,7 +170,7 @@ void RaceCardLogic::txtTicketFontSize_LostFocus() {
 
 void RaceCardLogic::Check_Click(const std::string& name) {
     FormChanged = true;
-    const ControlState* c = controls_.at(name).control;
+    const ControlState* c = &Ctl(name);
     if (c == &chkRecoveryFlag)
         chkRecoveryFlag_Click();
     else if (c == &chkClearRecovery)
@@ -391,12 +191,13 @@ void RaceCardLogic::Check_Click(const std::string& name) {
 
 void RaceCardLogic::Option_Click(const std::string& name) {
     for (int i = 0; i < 5; ++i) {
-        if (name == std::string("optRoundTo") + kRoundSuffix[i]) {
+        const std::string suffix = kRoundSuffixes[static_cast<std::size_t>(i)];
+        if (name == "optRoundTo" + suffix) {
             optRoundTo[static_cast<std::size_t>(i)].value = 0;
             ChooseOption(optRoundTo, i, true);
             return;
         }
-        if (name == std::string("optRRoundTo") + kRoundSuffix[i]) {
+        if (name == "optRRoundTo" + suffix) {
             optRRoundTo[static_cast<std::size_t>(i)].value = 0;
             ChooseOption(optRRoundTo, i, true);
             return;
@@ -845,17 +646,17 @@ bool RaceCardLogic::ValidateWindow() {
         const double quick = Val(txtQuickBet[i].text), rQuick = Val(txtRQuickBet[i].text);
         // Rounded to four places, so that 0.30 over 0.10 counts as whole in binary floating point.
         if (incr != 0 && !Whole(RoundPlaces(quick / incr, -4)))
-            return Fail(multiple, false, kDefaults, Indexed("txtQuickBet", i), false);
+            return Fail(multiple, false, kDefaults, IndexedName("txtQuickBet", i), false);
         if (rIncr != 0 && !Whole(RoundPlaces(rQuick / rIncr, -4)))
-            return Fail(multiple, false, kRaces, Indexed("txtRQuickBet", i), false);
+            return Fail(multiple, false, kRaces, IndexedName("txtRQuickBet", i), false);
         if (minBet > quick && quick != 0)
             return Fail(std::string("Quick Bet amounts must be a greater") + kCrLf +
                             "than the minimum bet.",
-                        false, kDefaults, Indexed("txtQuickBet", i), false);
+                        false, kDefaults, IndexedName("txtQuickBet", i), false);
         if (rMinBet > rQuick && rQuick != 0)
             return Fail(
                 std::string("Quick Bet amounts must be greater") + kCrLf + "than the minimum bet.",
-                false, kRaces, Indexed("txtRQuickBet", i), false);
+                false, kRaces, IndexedName("txtRQuickBet", i), false);
     }
     if (IsChecked(chkPrintBets) && Val(txtMaxTransInPrinter.text) <= 0)
         return Fail("Maximum transactions per page must be 1 or greater.", true, kGeneral,
