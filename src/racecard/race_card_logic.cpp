@@ -1,8 +1,5 @@
 #include "racecard/race_card_logic.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "files/file_commands.h"
 #include "files/recovery_file.h"
 #include "model/common.h"
@@ -18,25 +15,7 @@ RaceCardLogic* g_active = nullptr;
 const char* const kRaceNotEstablished = "Race not established!";
 const char* const kEnterRaceName = "Please enter Race Name before copying racers.";
 
-Currency MoneyOf(const ControlState& c) {
-    return Currency::FromDouble(Val(c.text));
-}
-bool Whole(double v) {
-    return v == std::floor(v);
-}
-
 }  // namespace
-
-void FreeRacerSlot(RacerRec& racer) {
-    racer.PostPosition = "0";
-    racer.BetNbr = 0;
-    racer.ProgramNbr.clear();
-    racer.RacerName.clear();
-    racer.Odds = 0;
-    racer.Scratched = false;
-}
-
-// ---- Construction ---------------------------------------------------------------------------
 
 RaceCardLogic::RaceCardLogic() {
     caption = "Race Card Setup";
@@ -256,30 +235,13 @@ void RaceCardLogic::PrintingRule() {
     lblTicketFontSize.visible = txtTicketFontSize.visible = print;
 }
 
-// ---- Load and the copies -------------------------------------------------------------------
-
-void RaceCardLogic::CopyToWork() {
-    for (int i = 0; i <= kMaxRace; ++i) {
-        const RaceRec& from = RF.Race(i);
-        RaceRec& to = WorkRace(i);
-        to.RaceName = from.RaceName;
-        to.MinBet = from.MinBet;
-        to.MinPayout = from.MinPayout;
-        to.BetIncr = from.BetIncr;
-        to.RoundTo = from.RoundTo;
-        to.HoldbackAmt = from.HoldbackAmt;
-        to.HoldbackPct = from.HoldbackPct;
-        for (int q = 1; q <= 5; ++q) to.QuickBet(q) = from.QuickBet(q);
-        for (int t = 1; t <= kBetTypes; ++t) to.BetType(t) = from.BetType(t);
-        for (int n = 1; n <= RF.MaxRacers; ++n) WorkRacer(i, n) = RF.Racer(i, n);
-    }
-}
+// ---- Load -----------------------------------------------------------------------------------
 
 void RaceCardLogic::Form_Load() {
     // Filling the window from the document is no edit by the user.
     loading_ = true;
     WorkRacer.ReDim(RF.MaxRacers);
-    CopyToWork();
+    CopyToWork(Copies());
 
     txtFileName.text = RF.FileName;
     txtSaveAfter.text = Str(RF.SaveAfter.Value());
@@ -400,7 +362,7 @@ void RaceCardLogic::chkRRDefault_Click() {
 void RaceCardLogic::Step(int delta) {
     if (!ValidateWindow()) return;
     const bool changed = FormChanged;
-    StoreRaceFromWindow(G.CurrentRace);
+    StoreRaceFromWindow(Window(), Copies(), G.CurrentRace);
     const int target = G.CurrentRace + delta;
     if (target < 1 || target > kMaxRace) {
         Beep();
@@ -447,33 +409,7 @@ void RaceCardLogic::MoveRaceToWindow(int race) {
         SetRoundTo(optRRoundTo, 0);
         fraRace.visible = false;
     }
-    ApplyRaceProtection(race);
-}
-
-void RaceCardLogic::ApplyRaceProtection(int race) {
-    const bool results = RaceFinished(race);
-    for (ControlState* c : {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackAmt,
-                            &txtRHoldbackPct, &cmdReset, &txtRaceName})
-        c->enabled = !results;
-    for (int t = 1; t <= 5; ++t) chkRBetType[t].enabled = !results;
-    for (auto& o : optRRoundTo) o.enabled = !results;
-    lblResultsMessage.visible = results;
-    // A multi-race type spans race to race + type - 5; it locks only when every race of the
-    // span has results, and it is not offered where the span runs past the last race.
-    for (int t = 6; t <= kBetTypes; ++t) {
-        const int last = race + t - 5;
-        ControlState& box = chkRBetType[t];
-        if (!results) {
-            box.enabled = true;
-        } else if (last > kMaxRace) {
-            box.enabled = false;
-        } else {
-            bool open = false;
-            for (int r = race; r <= last && !open; ++r) open = !RaceFinished(r);
-            box.enabled = open;
-        }
-        box.visible = last <= kMaxRace;
-    }
+    ApplyRaceProtection(*this, race);
 }
 
 void RaceCardLogic::txtRaceName_Change() {
@@ -521,67 +457,18 @@ void RaceCardLogic::cmdReset_Click() {
     ResetRaceToDefaults();
 }
 
-void RaceCardLogic::StoreRaceFromWindow(int race) {
-    if (race == 0) return;
-    // Read every box before the race changes, so a value too large stops with the copy whole.
-    const Currency minBet = MoneyOf(txtRMinBet), minPayout = MoneyOf(txtRMinPayout),
-                   betIncr = MoneyOf(txtRBetIncr), holdbackAmt = MoneyOf(txtRHoldbackAmt);
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtRQuickBet[q]);
-    RaceRec& w = WorkRace(race);
-    w.RaceName = txtRaceName.text;
-    w.MinBet = minBet;
-    w.MinPayout = minPayout;
-    w.BetIncr = betIncr;
-    w.HoldbackAmt = holdbackAmt;
-    w.HoldbackPct = static_cast<float>(Val(txtRHoldbackPct.text));
-    for (int t = 1; t <= kBetTypes; ++t) w.BetType(t) = IsChecked(chkRBetType[t]);
-    for (int q = 1; q <= 5; ++q) w.QuickBet(q) = quick[static_cast<std::size_t>(q)];
-}
-
-void RaceCardLogic::StoreDefaultsFromWindow() {
-    const Currency minBet = MoneyOf(txtMinBet), minPayout = MoneyOf(txtMinPayout),
-                   betIncr = MoneyOf(txtBetIncr), holdbackAmt = MoneyOf(txtHoldbackAmt);
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtQuickBet[q]);
-    RaceRec& d = WorkRace(0);
-    d.MinBet = minBet;
-    d.MinPayout = minPayout;
-    d.BetIncr = betIncr;
-    d.HoldbackAmt = holdbackAmt;
-    d.HoldbackPct = static_cast<float>(Val(txtHoldbackPct.text));
-    for (int t = 1; t <= kBetTypes; ++t) d.BetType(t) = IsChecked(chkBetType[t]);
-    for (int q = 1; q <= 5; ++q) d.QuickBet(q) = quick[static_cast<std::size_t>(q)];
-}
-
 void RaceCardLogic::cmdDelete_Click() {
     FormChanged = true;
     const int race = G.CurrentRace;
-    bool bets = false, racers = false;
-    for (std::int64_t n = 1; n <= RF.MaxBets && !bets; ++n) bets = RF.Bet(race, n).BetType != 0;
-    for (std::int64_t n = 1; n <= RF.MaxRacers && !racers; ++n)
-        racers = RF.Racer(race, n).BetNbr != 0;
-    const char* prefix = bets && racers ? "Racers and Bets "
-                         : bets         ? "Bets "
-                         : racers       ? "Racers "
-                                        : nullptr;
-    if (prefix) {
+    const std::string prefix = DataOnFile(race);
+    if (!prefix.empty()) {
         Beep(2);
-        if (MsgBox(std::string(prefix) + "for this race exist on file!" + kCrLf +
-                       "This data will be lost!" + kCrLf +
-                       "Are you sure you want to delete this race?",
+        if (MsgBox(prefix + "for this race exist on file!" + kCrLf + "This data will be lost!" +
+                       kCrLf + "Are you sure you want to delete this race?",
                    Buttons::kOKCancel, Icon::kExclamation, {}, 1) == kCancel)
             return;
     }
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) FreeRacerSlot(WorkRacer(race, n));
-    RaceRec& w = WorkRace(race);
-    w.RaceName.clear();
-    w.MinBet = w.MinPayout = w.BetIncr = w.HoldbackAmt = Currency();
-    for (int q = 1; q <= 5; ++q) w.QuickBet(q) = Currency();
-    w.HoldbackPct = 0;
-    w.RoundTo = 0;
-    for (int t = 1; t <= kBetTypes; ++t) w.BetType(t) = false;
-    for (int k = 1; k <= 4; ++k) w.Result(k) = 0;
+    DeleteRaceInWork(Copies(), race);
     MoveRaceToWindow(race);
     MoveRacerToWindow(race);
 }
@@ -591,19 +478,19 @@ void RaceCardLogic::cmdDelete_Click() {
 void RaceCardLogic::SSTab1_Click(int previousTab) {
     if (!ValidateWindow()) return;
     if (previousTab == kRaces) {
-        StoreRaceFromWindow(G.CurrentRace);
+        StoreRaceFromWindow(Window(), Copies(), G.CurrentRace);
     } else if (previousTab == kRacers) {
         WorkRace(G.CurrentRace).RaceName = txtRRRaceName.text;
         SetText(txtRaceName, txtRRRaceName.text);
     }
-    StoreDefaultsFromWindow();
+    StoreDefaultsFromWindow(Window(), Copies());
     const std::string name = WorkRace(G.CurrentRace).RaceName;
     SetText(txtRaceName, name);
     SetText(txtRRRaceName, name);
 }
 
 void RaceCardLogic::SSTab1_DblClick() {
-    if (ValidateWindow()) StoreDefaultsFromWindow();
+    if (ValidateWindow()) StoreDefaultsFromWindow(Window(), Copies());
 }
 
 int RaceCardLogic::HelpContext() const {
@@ -612,136 +499,20 @@ int RaceCardLogic::HelpContext() const {
 
 // ---- Validation -----------------------------------------------------------------------------
 
-bool RaceCardLogic::Fail(const std::string& text, bool exclamation, int tab,
-                         const std::string& focusName, bool selectIt) {
+bool RaceCardLogic::ValidateWindow() {
+    G.CancelFlag = false;
+    const std::optional<WindowFailure> failure = CheckWindow(Window());
+    if (!failure) return true;
     Beep();
-    MsgBox(text, Buttons::kOK, exclamation ? Icon::kExclamation : Icon::kNone);
-    SSTab1 = tab;
-    SetFocus(focusName);
-    if (selectIt) selectText = focusName;
+    MsgBox(failure->text, Buttons::kOK, failure->exclamation ? Icon::kExclamation : Icon::kNone);
+    SSTab1 = failure->tab;
+    SetFocus(failure->focus);
+    if (failure->selectText) selectText = failure->focus;
     G.CancelFlag = true;
     return false;
 }
 
-bool RaceCardLogic::ValidateWindow() {
-    G.CancelFlag = false;
-    const std::string minPayout = std::string("Minimum Payout must be at least as much") + kCrLf +
-                                  "as the Minimum Bet amount";
-    if (Val(txtMinBet.text) > Val(txtMinPayout.text))
-        return Fail(minPayout, true, kDefaults, "txtMinPayout", true);
-    if (Val(txtRMinBet.text) > Val(txtRMinPayout.text))
-        return Fail(minPayout, true, kRaces, "txtRMinPayout", true);
-    if (Val(txtRHoldbackAmt.text) < 0)
-        return Fail("Holdback Amount can't be less than 0 !", true, kRaces, "txtRHoldbackAmt",
-                    true);
-    const double pct = Val(txtRHoldbackPct.text);
-    if (pct < 0 || pct > 100)
-        return Fail("Holdback Percent can't be less than 0 or greater than 100!", true, kRaces,
-                    "txtRHoldbackPct", true);
-    const std::string multiple =
-        std::string("Quick Bet amounts must be a multiple") + kCrLf + "of the Bet Increment.";
-    const double incr = Val(txtBetIncr.text), rIncr = Val(txtRBetIncr.text);
-    const double minBet = Val(txtMinBet.text), rMinBet = Val(txtRMinBet.text);
-    for (int i = 1; i <= 5; ++i) {
-        const double quick = Val(txtQuickBet[i].text), rQuick = Val(txtRQuickBet[i].text);
-        // Rounded to four places, so that 0.30 over 0.10 counts as whole in binary floating point.
-        if (incr != 0 && !Whole(RoundPlaces(quick / incr, -4)))
-            return Fail(multiple, false, kDefaults, IndexedName("txtQuickBet", i), false);
-        if (rIncr != 0 && !Whole(RoundPlaces(rQuick / rIncr, -4)))
-            return Fail(multiple, false, kRaces, IndexedName("txtRQuickBet", i), false);
-        if (minBet > quick && quick != 0)
-            return Fail(std::string("Quick Bet amounts must be a greater") + kCrLf +
-                            "than the minimum bet.",
-                        false, kDefaults, IndexedName("txtQuickBet", i), false);
-        if (rMinBet > rQuick && rQuick != 0)
-            return Fail(
-                std::string("Quick Bet amounts must be greater") + kCrLf + "than the minimum bet.",
-                false, kRaces, IndexedName("txtRQuickBet", i), false);
-    }
-    if (IsChecked(chkPrintBets) && Val(txtMaxTransInPrinter.text) <= 0)
-        return Fail("Maximum transactions per page must be 1 or greater.", true, kGeneral,
-                    "txtMaxTransInPrinter", false);
-    return true;
-}
-
 // ---- OK, Cancel ----------------------------------------------------------------------------
-
-void RaceCardLogic::SaveWork() {
-    G.CancelFlag = false;
-    // The settings are read from their boxes before anything is written, so that a number too
-    // large for its field stops OK with the document as it was.
-    const bool backup = IsChecked(chkBackup);
-    const Int16 saveAfter = backup ? RoundToInt16(Val(txtSaveAfter.text)) : Int16(0);
-    const Int16 clearDays = RoundToInt16(Val(txtClearDays.text));
-    const Int16 reportFont = RoundToInt16(Val(txtReportFontSize.text));
-    const Int16 ticketFont = RoundToInt16(Val(txtTicketFontSize.text));
-    const Int16 maxTrans = RoundToInt16(std::floor(Val(txtMaxTransInPrinter.text)));
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtQuickBet[q]);
-
-    // Races deleted in this session lose their bets; tickets keep their totals.
-    for (int i = 1; i <= kMaxRace; ++i) {
-        if (RF.Race(i).RaceName.empty() || !WorkRace(i).RaceName.empty()) continue;
-        for (std::int64_t n = 1; n <= RF.MaxBets; ++n) ClearBet(i, n);
-    }
-    // Bets of a type no longer offered get their cost back as winnings.
-    for (int i = 1; i <= kMaxRace; ++i) {
-        std::array<bool, 11> off{};
-        bool any = false;
-        for (int t = 1; t <= kBetTypes; ++t) {
-            off[static_cast<std::size_t>(t)] = RF.Race(i).BetType(t) && !WorkRace(i).BetType(t);
-            any = any || off[static_cast<std::size_t>(t)];
-        }
-        if (!any) continue;
-        for (std::int64_t n = 1; n <= RF.MaxBets; ++n) {
-            BetRec& b = RF.Bet(i, n);
-            const int t = b.BetType;
-            if (t >= 1 && t <= kBetTypes && off[static_cast<std::size_t>(t)])
-                b.BetWinnings = b.BetCost;
-        }
-    }
-
-    RF.FileName = txtFileName.text;
-    RF.SaveAfter = saveAfter;
-    RF.RecoveryFile = txtRecoveryFile.text;
-    RF.ClearDays = clearDays;
-    RF.RecoveryFlag = IsChecked(chkRecoveryFlag);
-    RF.ClearRecovery = IsChecked(chkClearRecovery);
-    RF.RaceType = comRaceType.text;
-    RF.ReportFontSize = reportFont;
-    RF.TicketFontSize = ticketFont;
-    RF.MaxTransInPrinter = maxTrans;
-    RF.RacerSort = comRacerSortText;
-    RF.PrintBets = IsChecked(chkPrintBets);
-    RF.UseBetNbr = IsChecked(chkUseBetNbr);
-    RF.UseProgramNbr = IsChecked(chkUseProgramNbr);
-    RF.UsePostPosition = IsChecked(chkUsePostPosition);
-    RF.DefaultToDummy = IsChecked(chkDefaultToDummy);
-    RF.CollectZero = IsChecked(chkCollectZero);
-
-    for (int q = 1; q <= 5; ++q) RF.Race(0).QuickBet(q) = quick[static_cast<std::size_t>(q)];
-
-    const Currency cent = Currency::FromRaw(100);
-    for (int i = 0; i <= kMaxRace; ++i) {
-        const RaceRec& w = WorkRace(i);
-        RaceRec& r = RF.Race(i);
-        r.RaceName = w.RaceName;
-        r.MinBet = std::max(w.MinBet, cent);
-        r.MinPayout = std::max(w.MinPayout, cent);
-        r.BetIncr = std::max(w.BetIncr, cent);
-        r.HoldbackAmt = std::max(w.HoldbackAmt, Currency());
-        r.HoldbackPct = w.HoldbackPct < 0 ? 0.0f : w.HoldbackPct;
-        r.RoundTo = w.RoundTo;
-        for (int t = 1; t <= kBetTypes; ++t) r.BetType(t) = w.BetType(t);
-        bool allZero = true;
-        for (int q = 1; q <= 5; ++q) {
-            r.QuickBet(q) = w.QuickBet(q);
-            allZero = allZero && r.QuickBet(q).IsZero();
-        }
-        if (allZero) r.QuickBet(1) = r.MinBet;
-        for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) RF.Racer(i, n) = WorkRacer(i, n);
-    }
-}
 
 void RaceCardLogic::cmdOK_Click() {
     // A failure shows here and once more below: the window has always done so.
@@ -749,9 +520,9 @@ void RaceCardLogic::cmdOK_Click() {
     DrawFileId();
     G.CancelFlag = false;
     if (!ValidateWindow()) return;
-    StoreRaceFromWindow(G.CurrentRace);
-    StoreDefaultsFromWindow();
-    SaveWork();
+    StoreRaceFromWindow(Window(), Copies(), G.CurrentRace);
+    StoreDefaultsFromWindow(Window(), Copies());
+    SaveWork(Window(), Copies());
     G.FileChanged = true;
     FormChanged = false;
     if (RF.RecoveryFlag) TestRecoveryFile();

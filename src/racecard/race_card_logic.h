@@ -2,6 +2,10 @@
 // "Race Card Setup": the card's settings, its races and their racers. The window works on
 // private copies of the races and racers; only OK writes them back, so Cancel drops them.
 //
+// This class holds the window's events. The controls with their captions are in
+// race_card_controls.h; the checks, the stores into the copies and OK's write back into the
+// document are in race_card_rules.h.
+//
 // Where the window's own code assigns a control, the control's Change or Click event follows,
 // as the event handlers of the window rely on it (the option buttons store their rounding code
 // that way, the text boxes mark the window as changed).
@@ -10,18 +14,15 @@
 #include <string>
 
 #include "model/form_state.h"
-#include "model/race_file.h"
 #include "racecard/race_card_controls.h"
+#include "racecard/race_card_rules.h"
 
 namespace tt {
 
 inline constexpr const char* kRecoveryFileFilter =
     "Tamberlin Tally Recovery Files (*.tlr)|*.tlr|All (*.*)|*.*";
 
-// A racer slot as a freed slot holds it.
-void FreeRacerSlot(RacerRec& racer);
-
-class RaceCardLogic : public FormState, public RaceCardControls {
+class RaceCardLogic : public FormState, public RaceCardControls, public WorkCopies {
   public:
     RaceCardLogic();
     ~RaceCardLogic();
@@ -85,14 +86,11 @@ class RaceCardLogic : public FormState, public RaceCardControls {
     // The help topic of the open tab.
     int HelpContext() const;
 
-    // ---- Operations ---------------------------------------------------------------------
-    void CopyToWork();
+    // ---- Operations of the window -------------------------------------------------------
     void MoveRaceToWindow(int race);
-    void StoreRaceFromWindow(int race);
-    void StoreDefaultsFromWindow();
-    // Sets CancelFlag; returns whether the window passed.
+    // Runs the checks of the window: a failure is shown, sends the user to its box and sets
+    // CancelFlag. Returns whether the window passed.
     bool ValidateWindow();
-    void SaveWork();
     void GoToRace(int race);
     void BuildRaceLists();
     void ResetRaceToDefaults();
@@ -102,14 +100,15 @@ class RaceCardLogic : public FormState, public RaceCardControls {
     void GrowRacers();
 
     // ---- State --------------------------------------------------------------------------
-    FixedArray<RaceRec, 0, 21> WorkRace;
-    RaceTable<RacerRec> WorkRacer;  // (race, slot), slot 0 never copied
     bool FormChanged = false;
     int SavedGridRow = 0;
     // The text box whose text the form should select, "" for none; the form clears it.
     std::string selectText;
 
   private:
+    const RaceCardControls& Window() const { return *this; }
+    WorkCopies& Copies() { return *this; }
+
     // Assignments by the window's code, followed by the control's event unless loading.
     void SetText(ControlState& c, std::string text);
     void SetValue(ControlState& c, int value);
@@ -123,10 +122,7 @@ class RaceCardLogic : public FormState, public RaceCardControls {
     void PrintingRule();
     void RefreshDefaultChecks();
     void SelectRaceInLists(int race);
-    void ApplyRaceProtection(int race);
     void Step(int delta);
-    bool Fail(const std::string& text, bool exclamation, int tab, const std::string& focusName,
-              bool selectIt);
     // The racers of the current race in the copy.
     bool CurrentRaceHasNamedRacer() const;
 
