@@ -2,8 +2,10 @@
 // "Race Card Setup": the card's settings, its races and their racers. The window works on
 // private copies of the races and racers; only OK writes them back, so Cancel drops them.
 //
-// This class holds the window's events. The controls with their captions are in
-// race_card_controls.h; the checks, the stores into the copies and OK's write back into the
+// This class holds the window's events: race_card_logic.cpp those of the whole window and of
+// the General Setup, Race Defaults and Backup/Recov tabs, race_card_race_setup.cpp and
+// race_card_racer_setup.cpp those of the two tabs so named. The controls with their captions are
+// in race_card_controls.h; the checks, the stores into the copies and OK's write back into the
 // document are in race_card_rules.h.
 //
 // Where the window's own code assigns a control, the control's Change or Click event follows,
