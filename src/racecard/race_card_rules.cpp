@@ -224,7 +224,8 @@ void StoreDefaultsFromWindow(const RaceCardControls& window, WorkCopies& work) {
 
 std::string DataOnFile(int race) {
     bool bets = false, racers = false;
-    for (std::int64_t n = 1; n <= RF.MaxBets && !bets; ++n) bets = RF.Bet(race, n).BetType != 0;
+    for (std::int64_t n = 1; n <= RF.MaxBets && !bets; ++n)
+        bets = BetTypeOf(RF.Bet(race, n).BetType) != BetType::kNone;
     for (std::int64_t n = 1; n <= RF.MaxRacers && !racers; ++n)
         racers = RF.Racer(race, n).BetNbr != 0;
     return bets && racers ? "Racers and Bets " : bets ? "Bets " : racers ? "Racers " : "";
@@ -258,14 +259,15 @@ void ApplyRaceProtection(RaceCardControls& w, int race) {
     for (ControlState* c : {&w.txtRMinBet, &w.txtRMinPayout, &w.txtRBetIncr, &w.txtRHoldbackAmt,
                             &w.txtRHoldbackPct, &w.cmdReset, &w.txtRaceName})
         c->enabled = !results;
-    for (int t = 1; t <= 5; ++t) w.chkRBetType[t].enabled = !results;
+    for (int t = 1; t <= kBetTypes; ++t)
+        if (!IsMultiRace(BetTypeOf(t))) w.chkRBetType[t].enabled = !results;
     for (auto& o : w.optRRoundTo) o.enabled = !results;
     w.lblResultsMessage.visible = results;
-    // A multi-race type spans race to race + type - 5; it locks only when every race of the
-    // span has results, and it is not offered where the span runs past the last race.
-    for (int t = 6; t <= kBetTypes; ++t) {
-        const int last = race + t - 5;
-        ControlState& box = w.chkRBetType[t];
+    // A multi-race type locks only when every race of its span has results, and it is not
+    // offered where the span runs past the last race.
+    for (BetType t : kMultiRaceTypes) {
+        const int last = LastLeg(race, t);
+        ControlState& box = w.chkRBetType[Code(t)];
         if (!results) {
             box.enabled = true;
         } else if (last > kMaxRace) {
