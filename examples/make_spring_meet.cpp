@@ -477,6 +477,7 @@ void RecordResults(ScriptShell& shell) {
     int race = 0;
     shell.onShow["frmEditResults"] = [&] {
         EditResultsLogic form;
+        form.handling = DialogHandling();
         form.Form_Load();
         SelectByItemData(form.comRaceName, race);
         form.comRaceName_Click();
@@ -487,11 +488,6 @@ void RecordResults(ScriptShell& shell) {
         }
         form.cmdOK_Click();
         if (!form.unloaded) shell.failed = true;
-    };
-    shell.onShow["frmPayoutHandling"] = [] {
-        PayoutHandlingLogic dialog;
-        dialog.Form_Load();
-        dialog.cmdOK_Click();
     };
     shell.onShow["frmDisplayPayouts"] = [] {
         DisplayPayoutsLogic display;

@@ -30,14 +30,8 @@ class DisplayPayoutsLogic : public FormState {
     // has its winnings taken back here.
     void DisplayPayouts();
 
-    // The display that the payout calculation runs: the race being calculated, as if the
-    // window had just been opened on it.
-    void ShowCalculatedRace(int race);
-
-    // How many displays payout calculations have run, and the race of the last: an open payout
-    // window brought to the front shows that race as the calculation left it.
-    static std::uint64_t CalculatedDisplays();
-    static int LastCalculatedRace();
+    // A race just settled, shown as if the window had just been opened on it.
+    void ShowSettledRace(int race);
 
     // The window's place in twips, kept in "PayLeft", "PayTop", "PayWidth", "PayHeight". Left
     // and top default to 1000; a width or height of 0 means none is kept, and the window keeps

@@ -36,7 +36,8 @@ QTableView* Grid(QWidget* parent, const char* name, GridModel*& model) {
 }
 }  // namespace
 
-frmDisplayPayouts::frmDisplayPayouts(QWidget* parent) : QWidget(parent) {
+frmDisplayPayouts::frmDisplayPayouts(QWidget* parent)
+    : QWidget(parent), settled_([this](int race) { settledRace_ = race; }) {
     setObjectName("frmDisplayPayouts");
     setWindowTitle(Q(logic.caption));
     setProperty("HelpContextID", help::kDisplayPayouts);
@@ -173,7 +174,6 @@ frmDisplayPayouts::frmDisplayPayouts(QWidget* parent) : QWidget(parent) {
     });
     Timer1->start();
 
-    calculatedSeen_ = DisplayPayoutsLogic::CalculatedDisplays();
     Run([this] { logic.Form_Load(); });
 }
 
@@ -224,11 +224,11 @@ void frmDisplayPayouts::Refresh() {
 }
 
 void frmDisplayPayouts::RefreshContents() {
-    if (DisplayPayoutsLogic::CalculatedDisplays() != calculatedSeen_) {
-        // What the calculation displayed is what this window shows, as if newly opened on it.
-        const int race = DisplayPayoutsLogic::LastCalculatedRace();
-        Run([&] { logic.ShowCalculatedRace(race); });
-        calculatedSeen_ = DisplayPayoutsLogic::CalculatedDisplays();
+    if (settledRace_) {
+        // A race settled since is shown as if the window were newly opened on it.
+        const int race = *settledRace_;
+        settledRace_.reset();
+        Run([&] { logic.ShowSettledRace(race); });
         return;
     }
     Refresh();

@@ -6,8 +6,10 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "payouts/display_payouts_logic.h"
+#include "payouts/settle_race.h"
 
 class QCheckBox;
 class QComboBox;
@@ -32,8 +34,8 @@ class frmDisplayPayouts : public QWidget {
     void Refresh();
 
   public slots:
-    // The main window brings an open payout display to the front: it shows the race that a
-    // payout calculation displayed since, or else stays as it is.
+    // The main window brings an open payout display to the front: it shows the race settled
+    // since, or else stays as it is.
     void RefreshContents();
 
   protected:
@@ -67,7 +69,9 @@ class frmDisplayPayouts : public QWidget {
     QLineEdit* txtInterval;
     QTimer* Timer1;
 
-    std::uint64_t calculatedSeen_ = 0;
+    // A race settled since the window last showed one: shown when it comes to the front.
+    SettledSubscription settled_;
+    std::optional<int> settledRace_;
     bool refreshing_ = false;
     bool ticking_ = false;
     bool placed_ = false;

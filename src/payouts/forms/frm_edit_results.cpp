@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "payouts/forms/frm_payout_handling.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
 #include "shell/help_ids.h"
@@ -94,6 +95,8 @@ frmEditResults::frmEditResults(QWidget* parent) : QDialog(parent) {
     });
 
     logic.onHide = [this] { hide(); };
+    // The question outlives this window, which is hidden by then: the main window owns it.
+    logic.handling = AskPayoutHandling(parentWidget());
     Run([this] { logic.Form_Load(); });
 }
 

@@ -14,7 +14,16 @@
 
 namespace tt::gui {
 
-frmPayoutHandling::frmPayoutHandling(QWidget* parent) : QDialog(parent) {
+HandlingPolicy AskPayoutHandling(QWidget* owner) {
+    return [owner](const HandlingQuestion& question) {
+        frmPayoutHandling dialog(question, owner);
+        dialog.exec();
+        return dialog.logic.answer;
+    };
+}
+
+frmPayoutHandling::frmPayoutHandling(const HandlingQuestion& question, QWidget* parent)
+    : QDialog(parent), logic(question) {
     setObjectName("frmPayoutHandling");
     setWindowTitle(Q(logic.caption));
     setProperty("HelpContextID", help::kPayoutHandling);
