@@ -14,9 +14,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

@@ -19,7 +19,7 @@
 #include <QTimer>
 
 #include "model/app_error.h"
-#include "shell/error_path.h"
+#include "model/error_path.h"
 #include "shell/forms/qt_printer.h"
 
 namespace tt::gui {
