@@ -15,6 +15,25 @@
 //     choices.resetCopies = AskResetCopies;         //   question unless a policy is given
 //     FinishOutcome done = FinishTransaction("12.50", due, choices);
 //     if (!done.Finished()) { /* message shown, nothing written: change the amount */ }
+//
+// What the caller leaves in the betting state, as Ticket Header and Place Bets leave it:
+// - TranTickets(1..TranTicketCount): Action ("New ", "ENew", "Edit", "ReEd", "Cash" or "Canc"),
+//   TicketNbr (a new ticket numbered TicketCount + its place among the transaction's new
+//   tickets; 0 for one removed from the summary), Race, Bettor, the ticket's old money (OldCost,
+//   OldCollected, OldDistributed, Winnings; all 0 for a new ticket) and NewAmtBet, the sum of
+//   BetCost of its bets. NewCollected and NewDistributed count for what is due (TicketAmt) and
+//   are set to full settlement again before the allocation.
+// - TranBets(1..TranBetCount): the bets of every ticket, by TicketNbr; an element with BetType 0
+//   is free and is not written. A bet loaded from the card keeps its slot in OrigBetIdx and its
+//   winnings in PriorWinnings; these go to the recovery file only, the bet itself goes to the
+//   first free slot of its race.
+// The Ticket table is indexed by ticket number. The writing finds a ticket's old bets between
+// its FirstBet and LastBet, which loading, restoring and this writing keep wide enough to hold
+// every slot marked with the ticket's number.
+//
+// The companion: no printer (print = false, so no set-up and no copies question), and, since it
+// saves once itself, its own countForSave (or none) instead of the save question, whose OK
+// would save to FilePath.
 
 #include <functional>
 #include <string>
