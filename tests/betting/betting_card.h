@@ -17,14 +17,14 @@
 namespace tt::test {
 
 // One bet as typed: amount, type code, picks, boxed; its cost follows from the type.
-struct BetSpec {
+struct TypedBet {
     double amt = 2;
     int type = 1;
     std::vector<int> picks;
     bool boxed = false;
 };
 
-inline Currency CostOf(const BetSpec& b) {
+inline Currency CostOf(const TypedBet& b) {
     const auto n = static_cast<std::int64_t>(b.picks.size());
     std::int64_t combos = 1;
     if (b.type == 11) combos = 3;
@@ -80,17 +80,17 @@ class BettingCard : public ::testing::Test {
     }
 
     // A bet of the transaction, appended to TranBets.
-    void AddTranBet(std::int32_t ticketNbr, int race, const BetSpec& spec,
+    void AddTranBet(std::int32_t ticketNbr, int race, const TypedBet& typed,
                     std::int32_t origBetIdx = 0) {
         Betting.TranBetCount = Betting.TranBetCount + 1;
         Betting.TranBets.ReDimPreserve(Betting.TranBetCount);
         TempBet& b = Betting.TranBets(Betting.TranBetCount);
-        b.BetAmt = C(spec.amt);
-        b.BetType = spec.type;
-        b.Boxed = spec.boxed;
-        b.BetCost = CostOf(spec);
+        b.BetAmt = C(typed.amt);
+        b.BetType = typed.type;
+        b.Boxed = typed.boxed;
+        b.BetCost = CostOf(typed);
         int k = 0;
-        for (int p : spec.picks) b.Pick(++k) = p;
+        for (int p : typed.picks) b.Pick(++k) = p;
         b.TicketNbr = ticketNbr;
         b.Race = race;
         b.OrigBetIdx = origBetIdx;
@@ -105,7 +105,7 @@ class BettingCard : public ::testing::Test {
 
     // A new ticket as Accept Ticket leaves it: numbered TicketCount + NewTicketCount, its bets
     // in TranBets, NewAmtBet and NewCollected the sum of their costs. Returns its number.
-    std::int32_t NewTicket(int race, int bettor, std::initializer_list<BetSpec> bets) {
+    std::int32_t NewTicket(int race, int bettor, std::initializer_list<TypedBet> bets) {
         Betting.NewTicketCount = Betting.NewTicketCount + 1;
         const std::int32_t number = RF.TicketCount + Betting.NewTicketCount;
         TranTicket& t = AppendTranTicket();
@@ -114,7 +114,7 @@ class BettingCard : public ::testing::Test {
         t.Race = race;
         t.Bettor = bettor;
         Currency total;
-        for (const BetSpec& b : bets) {
+        for (const TypedBet& b : bets) {
             AddTranBet(number, race, b);
             total += CostOf(b);
         }
@@ -169,7 +169,7 @@ class BettingCard : public ::testing::Test {
     }
 
     // A ticket in the file: its bets in the next slots of its race, collected in full.
-    std::int32_t FileTicket(int race, int bettor, std::initializer_list<BetSpec> bets) {
+    std::int32_t FileTicket(int race, int bettor, std::initializer_list<TypedBet> bets) {
         const std::int32_t number = RF.TicketCount + 1;
         RF.TicketCount = number;
         RF.Ticket.ReDimPreserve(number + 1);
@@ -177,19 +177,19 @@ class BettingCard : public ::testing::Test {
         k.TicketNbr = number;
         k.TicketRace = race;
         k.TicketBettor = bettor;
-        for (const BetSpec& spec : bets) {
+        for (const TypedBet& typed : bets) {
             const std::int64_t slot = ++RF.Race(race).BetCount;
             if (slot > RF.MaxBets) {
                 RF.MaxBets = static_cast<std::int32_t>(slot);
                 RF.Bet.ReDimPreserve(slot + 1);
             }
             BetRec& b = RF.Bet(race, slot);
-            b.BetAmt = C(spec.amt);
-            b.BetType = spec.type;
-            b.Boxed = spec.boxed;
-            b.BetCost = CostOf(spec);
+            b.BetAmt = C(typed.amt);
+            b.BetType = typed.type;
+            b.Boxed = typed.boxed;
+            b.BetCost = CostOf(typed);
             int j = 0;
-            for (int p : spec.picks) b.Pick(++j) = p;
+            for (int p : typed.picks) b.Pick(++j) = p;
             b.TicketIdx = number;
             k.TicketCost += b.BetCost;
             if (k.FirstBet == 0) k.FirstBet = static_cast<std::int32_t>(slot);

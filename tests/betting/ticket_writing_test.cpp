@@ -152,7 +152,7 @@ class SameAsLiteral : public TicketWriting {
         std::mt19937 rng(seed);
         auto below = [&](int n) { return static_cast<int>(rng() % static_cast<unsigned>(n)); };
         auto randomBet = [&]() {
-            BetSpec b;
+            TypedBet b;
             b.amt = 2 + below(4);
             b.type = 1 + below(5);
             b.picks = {1 + below(8)};
@@ -170,9 +170,9 @@ class SameAsLiteral : public TicketWriting {
                     const int bets = below(4);
                     Currency total;
                     for (int b = 0; b < bets; ++b) {
-                        const BetSpec spec = randomBet();
-                        AddTranBet(number, Tran(Betting.TranTicketCount).Race, spec);
-                        total += CostOf(spec);
+                        const TypedBet typed = randomBet();
+                        AddTranBet(number, Tran(Betting.TranTicketCount).Race, typed);
+                        total += CostOf(typed);
                     }
                     TranTicket& t = Tran(Betting.TranTicketCount);
                     t.NewAmtBet = t.NewCollected = total;
