@@ -165,12 +165,6 @@ TEST_F(Finish, ARemovedTicketLogsTheFreeElementsOfTheList) {
     EXPECT_TRUE(G.FileChanged);
 }
 
-TEST_F(Finish, NoLogWhileTheRecoveryFileIsOff) {
-    NewTicket(1, 1, {{2, 1, {3}}});
-    ASSERT_TRUE(FinishWith("2"));
-    EXPECT_TRUE(world.files.log.empty());
-}
-
 TEST_F(Finish, AFailingLogTurnsItselfOffAndTheTransactionStands) {
     RF.RecoveryFlag = true;
     world.files.failWrite[RF.RecoveryFile] = kErrPermissionDenied;

@@ -281,16 +281,6 @@ TEST_F(TransactionWindow, QuitWithWorkOpenAsksToKeepTheChanges) {
     EXPECT_EQ(Betting.TranTicketCount, 0);
 }
 
-TEST_F(TransactionWindow, QuitWithNoLosesTheTransaction) {
-    NewTicket(1, 1, {{2, 1, {1}}});
-    bool cancel = false;
-    world.messages.Answer(kNo);
-    win.Form_QueryUnload(cancel);
-    EXPECT_FALSE(cancel);
-    EXPECT_EQ(RF.TicketCount, 0);
-    EXPECT_FALSE(G.FileChanged);
-}
-
 TEST_F(TransactionWindow, ThePrintStateAndReleasePrint) {
     Betting.TransInPrinter = 3;
     win.ShowPrintState();
@@ -351,30 +341,6 @@ TEST_F(TransactionWindow, EachButtonOnItsKeyLetter) {
 
     win.Form_KeyUp('Q');
     EXPECT_TRUE(win.unloaded);
-}
-
-TEST_F(TransactionWindow, FinishWithoutTicketsOpensNothingAndACancelKeepsTheTickets) {
-    win.cmdOK_Click();
-    EXPECT_TRUE(world.shell.formsShown.empty());
-    NewTicket(1, 1, {{2, 1, {1}}});
-    win.BuildSummary();
-    FinishWindowAnswers(false);
-    win.cmdOK_Click();
-    EXPECT_EQ(world.shell.formsShown, std::vector<std::string>{"frmCloseTransaction (modal)"});
-    EXPECT_EQ(Betting.TranTicketCount, 1);
-    EXPECT_EQ(win.flxTran.Rows(), 2);
-}
-
-TEST_F(TransactionWindow, ThePlaceIsKeptInTheSettings) {
-    TransactionLogic::Placement p = TransactionLogic::RestorePlacement();
-    EXPECT_EQ(p.left, 1000);
-    EXPECT_EQ(p.top, 1000);
-    TransactionLogic::SavePlacement({2400, 1815});
-    EXPECT_EQ(world.settings.values["TranLeft"], "2400");
-    EXPECT_EQ(world.settings.values["TranTop"], "1815");
-    p = TransactionLogic::RestorePlacement();
-    EXPECT_EQ(p.left, 2400);
-    EXPECT_EQ(p.top, 1815);
 }
 
 }  // namespace
