@@ -203,6 +203,7 @@ void DisplayOddsLogic::DisplayOdds() {
     TopRowShown = 1;
     flxOdds.SetTopRow(1);
     LastRefresh = Clock().Now();
+    ++Refreshes;
 
     winShares_.clear();
     if (CurBetType >= kOddsPools && CurBetType <= Code(BetType::kShow)) {

@@ -93,8 +93,9 @@ class DisplayOddsLogic : public FormState {
     // The data rows the window (or the board) shows whole at once; the form keeps it up to
     // date as it is resized. At least one row turns each page.
     int VisibleRows = 1;
-    // When the grid was last worked out.
+    // When the grid was last worked out, and how many times it has been.
     DateTime LastRefresh;
+    std::uint64_t Refreshes = 0;
 
   private:
     // Steps a list to its next item, round to the first; true when it went round.
