@@ -95,6 +95,7 @@ frmDisplayOdds::frmDisplayOdds(QWidget* parent) : QWidget(parent) {
     flxOdds->setFocusPolicy(Qt::NoFocus);
     flxOdds->setWordWrap(false);
     flxOdds->setMinimumSize(Twips(4800), Twips(2400));
+    flxOdds->viewport()->installEventFilter(this);
     middle->addWidget(flxOdds, 1);
 
     auto* side = new QVBoxLayout;
@@ -433,6 +434,7 @@ void frmDisplayOdds::closeEvent(QCloseEvent* event) {
 }
 
 bool frmDisplayOdds::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == flxOdds->viewport() && event->type() == QEvent::Resize) TellVisibleRows();
     if (watched == txtInterval && !refreshing_) {
         if (event->type() == QEvent::FocusIn) {
             QTimer::singleShot(0, txtInterval, [e = txtInterval] { e->selectAll(); });
