@@ -235,6 +235,8 @@ frmDisplayOdds::frmDisplayOdds(QWidget* parent) : QWidget(parent) {
 
 frmDisplayOdds::~frmDisplayOdds() {
     delete board_;
+    // The grid goes with the logic, before the views that show it.
+    oddsModel_->SetGrid(nullptr);
 }
 
 void frmDisplayOdds::Run(const std::function<void()>& event) {
