@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "model/grid_data.h"
+#include "model/help_ids.h"
 #include "model/race_file.h"
 #include "payouts/odds_grids.h"
 #include "shell/forms/gui_support.h"
@@ -46,6 +47,7 @@ QFont PixelFont(QFont f, double px, bool bold) {
 OddsBoard::OddsBoard(const DisplayOddsLogic& logic, QWidget* parent)
     : QWidget(parent, Qt::Window | Qt::FramelessWindowHint), logic_(logic) {
     setObjectName("OddsBoard");
+    setProperty("HelpContextID", help::kOddsBoard);
     setWindowTitle(Q(logic.caption));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
