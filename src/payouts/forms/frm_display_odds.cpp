@@ -45,6 +45,16 @@ QGroupBox* Frame(QWidget* parent, const char* name) {
     return f;
 }
 
+// A list shown again only when it changed: refilling a combo box closes its open list, and a tick
+// of Auto Run comes every few seconds.
+void SyncCombo(QComboBox* box, const ListData& list) {
+    bool same = box->count() == list.ListCount() && box->currentIndex() == list.ListIndex();
+    for (int i = 0; same && i < list.ListCount(); ++i)
+        same = box->itemText(i) == Q(list.List(i)) &&
+               box->itemData(i).toLongLong() == list.ItemData(i);
+    if (!same) FillCombo(box, list);
+}
+
 // The board's screen and bars are kept for the next time.
 constexpr const char* kBoardScreenKey = "OddsBoardScreen";
 constexpr const char* kBoardBarsKey = "OddsBoardBars";
@@ -251,8 +261,8 @@ void frmDisplayOdds::Refresh() {
     fraRaces->setTitle(Q(logic.fraRaces.text));
     Apply(optRacesAll, logic.optRacesAll);
     Apply(optRacesUnfinished, logic.optRacesUnfinished);
-    FillCombo(comRaceName, logic.comRaceName);
-    FillCombo(comBetType, logic.comBetType);
+    SyncCombo(comRaceName, logic.comRaceName);
+    SyncCombo(comBetType, logic.comBetType);
     Apply(chkDefault, logic.chkDefault);
 
     const bool newGrid = gridShown_ != logic.Refreshes;
