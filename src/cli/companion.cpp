@@ -15,11 +15,13 @@ Command InfoCommand();
 Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
+Command OddsCommand();
 Command RecentCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(), RecentCommand(),
+        InfoCommand(),    ResaveCommand(), SettleCommand(),
+        PayoutsCommand(), OddsCommand(),   RecentCommand(),
     };
     return commands;
 }
