@@ -15,6 +15,13 @@
 
 namespace tt::gui {
 
+QString LicenceText() {
+    return "Free software under the GNU General Public License, version 3 or any later version "
+           "(GPL-3.0-or-later). It comes with no warranty. See "
+           "<a href=\"https://www.gnu.org/licenses/gpl-3.0.html\">the licence</a> for the "
+           "details.";
+}
+
 std::string SystemInfoText() {
     QSettings settings(QSettings::NativeFormat, QSettings::UserScope, "TamberlinTally",
                        "TamberlinTally");
@@ -37,6 +44,11 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     setWindowTitle("About Tamberlin Tally");
     setProperty("HelpContextID", help::kAbout);
     auto* layout = new QVBoxLayout(this);
+    auto* head = new QHBoxLayout;
+    imgIcon = new QLabel(this);
+    imgIcon->setObjectName("imgIcon");
+    imgIcon->setPixmap(AppIconPixmap(Twips(960)));
+    imgIcon->setAlignment(Qt::AlignTop);
     lblTitle = new QLabel("Tamberlin Tally", this);
     lblTitle->setObjectName("lblTitle");
     QFont f = lblTitle->font();
@@ -46,17 +58,29 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     lblTitle->setFont(f);
     lblVersion = new QLabel(VersionText(), this);
     lblVersion->setObjectName("lblVersion");
+    auto* names = new QVBoxLayout;
+    names->addWidget(lblTitle);
+    names->addWidget(lblVersion);
+    names->addStretch();
+    head->addWidget(imgIcon);
+    head->addSpacing(Twips(180));
+    head->addLayout(names, 1);
     lblDescription = new QLabel(
         "A betting manager for private race days: the race card, the betting window, pools and "
-        "odds, "
-        "results and payouts, ticket by ticket.",
+        "odds, results and payouts, ticket by ticket.",
         this);
     lblDescription->setObjectName("lblDescription");
     lblDescription->setWordWrap(true);
-    layout->addWidget(lblTitle);
-    layout->addWidget(lblVersion);
+    lblLicence = new QLabel(LicenceText(), this);
+    lblLicence->setObjectName("lblLicence");
+    lblLicence->setWordWrap(true);
+    lblLicence->setTextFormat(Qt::RichText);
+    lblLicence->setOpenExternalLinks(true);
+    layout->addLayout(head);
     layout->addSpacing(8);
     layout->addWidget(lblDescription);
+    layout->addSpacing(4);
+    layout->addWidget(lblLicence);
     layout->addStretch();
     auto* buttons = new QHBoxLayout;
     cmdOK = new QPushButton("OK", this);

@@ -1,5 +1,6 @@
 #pragma once
-// The About box: the program's name, the version of the build, and the system information.
+// The About box: the program's icon and name, the version of the build, its licence, and the
+// system information.
 
 #include <QDialog>
 #include <string>
@@ -18,12 +19,17 @@ class frmAbout : public QDialog {
     // file live.
     void cmdSysInfo_Click();
 
+    QLabel* imgIcon;
     QLabel* lblTitle;
     QLabel* lblVersion;
     QLabel* lblDescription;
+    QLabel* lblLicence;
     QPushButton* cmdOK;
     QPushButton* cmdSysInfo;
 };
+
+// The licence line of the box.
+QString LicenceText();
 
 // The lines of the system information.
 std::string SystemInfoText();

@@ -15,12 +15,18 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QSvgRenderer>
 #include <QTableView>
 #include <QTimer>
 
 #include "model/app_error.h"
 #include "model/error_path.h"
 #include "shell/forms/qt_printer.h"
+
+// The icon is compiled into the forms library; a static library needs it pulled in.
+static void InitIconResources() {
+    Q_INIT_RESOURCE(icons);
+}
 
 namespace tt::gui {
 
@@ -181,24 +187,21 @@ void ApplyGridLayout(QTableView* view, const GridData& grid) {
     }
 }
 
+QPixmap AppIconPixmap(int size) {
+    static const bool loaded = (InitIconResources(), true);
+    (void)loaded;
+    QSvgRenderer svg(QString(":/icons/tamberlin-tally.svg"));
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    svg.render(&p);
+    return pm;
+}
+
 QIcon AppIcon() {
     QIcon icon;
-    for (int size : {16, 32, 48, 64, 128}) {
-        QPixmap pm(size, size);
-        pm.fill(Qt::transparent);
-        QPainter p(&pm);
-        p.setRenderHint(QPainter::Antialiasing);
-        p.setBrush(QColor(30, 95, 55));
-        p.setPen(QPen(QColor(250, 240, 200), size / 16.0));
-        p.drawRoundedRect(QRectF(0.5, 0.5, size - 1, size - 1), size / 5.0, size / 5.0);
-        QFont f;
-        f.setBold(true);
-        f.setItalic(true);
-        f.setPixelSize(size * 9 / 16);
-        p.setFont(f);
-        p.drawText(QRectF(0, 0, size, size), Qt::AlignCenter, "TT");
-        icon.addPixmap(pm);
-    }
+    for (int size : {16, 22, 24, 32, 48, 64, 128, 256}) icon.addPixmap(AppIconPixmap(size));
     return icon;
 }
 

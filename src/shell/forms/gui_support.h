@@ -97,8 +97,13 @@ class GridModel : public QAbstractTableModel {
 // zero-width columns, selection by rows.
 void ApplyGridLayout(QTableView* view, const GridData& grid);
 
-// The program's icon: a green tile with the initials.
+// The name the desktop knows the program by: its desktop entry, icon and metainfo.
+inline constexpr const char* kDesktopId = "org.tamberlintally.TamberlinTally";
+
+// The program's icon, drawn from the same picture that is installed for the desktop: a betting
+// ticket with a tally of five on the green of the track.
 QIcon AppIcon();
+QPixmap AppIconPixmap(int size);
 
 // The ports over Qt.
 std::unique_ptr<MessagePort> MakeMessageBoxes();
