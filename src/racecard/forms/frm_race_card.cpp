@@ -499,6 +499,7 @@ void frmRaceCard::Refresh() {
     flxRacers->setEnabled(true);
 
     if (SSTab1->currentIndex() != logic.SSTab1) SSTab1->setCurrentIndex(logic.SSTab1);
+    MeasureAllPages(this);
     ApplyFocus(this, logic, logic.selectText);
     refreshing_ = false;
     if (logic.unloaded) done(QDialog::Accepted);

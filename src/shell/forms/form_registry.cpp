@@ -19,6 +19,12 @@ bool IsFormRegistered(const std::string& name) {
     return Registry().count(name) > 0;
 }
 
+std::vector<std::string> RegisteredForms() {
+    std::vector<std::string> names;
+    for (const auto& entry : Registry()) names.push_back(entry.first);
+    return names;
+}
+
 QWidget* MakeForm(const std::string& name, QWidget* parent) {
     auto it = Registry().find(name);
     return it == Registry().end() ? nullptr : it->second(parent);

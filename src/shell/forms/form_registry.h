@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 class QWidget;
 
@@ -14,6 +15,8 @@ using FormMaker = std::function<QWidget*(QWidget* parent)>;
 // document area.
 void RegisterForm(const std::string& name, FormMaker make);
 bool IsFormRegistered(const std::string& name);
+// Every registered name, in order.
+std::vector<std::string> RegisteredForms();
 QWidget* MakeForm(const std::string& name, QWidget* parent);
 
 // Each subsystem registers its windows.

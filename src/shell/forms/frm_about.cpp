@@ -95,6 +95,8 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent) {
     buttons->addWidget(cmdSysInfo);
     layout->addLayout(buttons);
     setMinimumWidth(Twips(6000));
+    // As high as the wrapped lines need at that width.
+    layout->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(cmdOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(cmdSysInfo, &QPushButton::clicked, this,

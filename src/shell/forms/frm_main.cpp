@@ -24,6 +24,7 @@
 #include "shell/forms/frm_logo.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
+#include "shell/forms/help_viewer.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"
 
@@ -348,6 +349,8 @@ void frmMain::MDIForm_Load() {
         Placement p = ReadMainPlacement();
         move(Twips(p.left), Twips(p.top));
         resize(Twips(p.width), Twips(p.height));
+        // Stored on a monitor since unplugged, or a larger screen: brought onto one that is here.
+        KeepOnScreen(this);
     } catch (const std::exception& e) {
         // A damaged placement is reported; the window keeps its own size and the start goes on.
         ShowUnexpectedError(ToAppError(e));
@@ -385,7 +388,18 @@ void frmMain::closeEvent(QCloseEvent* event) {
         return;
     }
     mdi_->closeAllSubWindows();
+    // The help goes with the program, keeping where it stood for next time.
+    if (HelpViewer* viewer = CurrentHelpViewer()) viewer->close();
     event->accept();
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    // The frame is known once the window is on screen: its title bar must be in reach too.
+    if (!shownOnce_) {
+        shownOnce_ = true;
+        QTimer::singleShot(0, this, [this] { KeepOnScreen(this); });
+    }
 }
 
 void frmMain::changeEvent(QEvent* event) {
@@ -476,6 +490,7 @@ frmLogo* frmMain::Logo() {
     QMdiSubWindow* sub = mdi_->addSubWindow(
         logo, Qt::SubWindow | Qt::WindowTitleHint | Qt::WindowMinimizeButtonHint);
     sub->setAttribute(Qt::WA_DeleteOnClose);
+    KeepLayoutMinimum(sub);
     sub->setWindowTitle("Tamberlin Tally");
     // Help on the launch pad is the walk through a race day that its buttons follow.
     logo->setProperty("HelpContextID", help::kOverview);
@@ -523,8 +538,12 @@ void frmMain::ShowForm(const std::string& name, bool modal) {
     form->setAttribute(Qt::WA_DeleteOnClose);
     QMdiSubWindow* sub = mdi_->addSubWindow(form);
     sub->setAttribute(Qt::WA_DeleteOnClose);
+    KeepLayoutMinimum(sub);
     children_[name] = form;
     sub->show();
+    // A window that places itself from stored settings may have been left beyond a smaller
+    // main window.
+    KeepInArea(sub);
     mdi_->setActiveSubWindow(sub);
 }
 
@@ -559,15 +578,18 @@ void frmMain::Arrange(int mode) {
         case 2: {
             if (windows.isEmpty()) break;
             int n = static_cast<int>(windows.size());
+            // Each window gets its share of the area, but never less than its contents need:
+            // then the tiles run on past the area and it scrolls.
+            int at = 0;
             for (int i = 0; i < n; ++i) {
                 QMdiSubWindow* w = windows[i];
                 w->showNormal();
                 if (mode == 1) {
-                    int h = area.height() / n;
-                    w->setGeometry(0, i * h, area.width(), h);
+                    w->setGeometry(0, at, area.width(), area.height() / n);
+                    at += w->height();
                 } else {
-                    int wd = area.width() / n;
-                    w->setGeometry(i * wd, 0, wd, area.height());
+                    w->setGeometry(at, 0, area.width() / n, area.height());
+                    at += w->width();
                 }
             }
             break;

@@ -66,6 +66,7 @@ class frmMain : public QMainWindow, public ShellPort {
   protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -109,6 +110,7 @@ class frmMain : public QMainWindow, public ShellPort {
     bool raceGroup_ = false;
     int busy_ = 0;
     bool loaded_ = false;
+    bool shownOnce_ = false;
     std::map<std::string, QPointer<QWidget>> children_;
 };
 

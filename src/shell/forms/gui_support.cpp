@@ -6,15 +6,19 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QSpacerItem>
 #include <QSvgRenderer>
 #include <QTableView>
 #include <QTimer>
@@ -22,6 +26,7 @@
 #include "model/app_error.h"
 #include "model/error_path.h"
 #include "shell/forms/qt_printer.h"
+#include "shell/window_fit.h"
 
 // The icon is compiled into the forms library; a static library needs it pulled in.
 static void InitIconResources() {
@@ -207,58 +212,116 @@ QIcon AppIcon() {
 
 namespace {
 
+std::vector<std::pair<QMessageBox::StandardButton, int>> ButtonsOf(const MessageRequest& r) {
+    switch (r.buttons) {
+        case Buttons::kOK:
+            return {{QMessageBox::Ok, kOK}};
+        case Buttons::kOKCancel:
+            return {{QMessageBox::Ok, kOK}, {QMessageBox::Cancel, kCancel}};
+        case Buttons::kYesNo:
+            return {{QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}};
+        case Buttons::kYesNoCancel:
+            return {
+                {QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}, {QMessageBox::Cancel, kCancel}};
+    }
+    return {{QMessageBox::Ok, kOK}};
+}
+
+}  // namespace
+
+std::unique_ptr<QMessageBox> MakeMessageBox(const MessageRequest& r, QWidget* parent) {
+    auto box = std::make_unique<QMessageBox>(parent);
+    box->setWindowTitle(Q(r.title.empty() ? kDefaultTitle : r.title));
+    // The messages join their lines with CR LF or LF CR; show each joint as one break.
+    QString text = Q(r.text);
+    text.replace("\r\n", "\n").replace("\n\r", "\n").replace('\r', '\n');
+    box->setText(text);
+    switch (r.icon) {
+        case Icon::kNone:
+            box->setIcon(QMessageBox::NoIcon);
+            break;
+        case Icon::kExclamation:
+            box->setIcon(QMessageBox::Warning);
+            break;
+        case Icon::kInformation:
+            box->setIcon(QMessageBox::Information);
+            break;
+        case Icon::kQuestion:
+            box->setIcon(QMessageBox::Question);
+            break;
+        case Icon::kCritical:
+            box->setIcon(QMessageBox::Critical);
+            break;
+    }
+    const auto buttons = ButtonsOf(r);
+    QMessageBox::StandardButtons all;
+    for (auto& b : buttons) all |= b.first;
+    box->setStandardButtons(all);
+    std::size_t def =
+        static_cast<std::size_t>(std::clamp(r.defaultButton, 0, int(buttons.size()) - 1));
+    box->setDefaultButton(buttons[def].first);
+    box->setEscapeButton(buttons.back().first);
+    // A message box sizes itself to its text alone; a strut across its grid keeps the title
+    // whole too.
+    if (auto* grid = qobject_cast<QGridLayout*>(box->layout())) {
+        const QMargins m = grid->contentsMargins();
+        const int strut = TitleBarWidth(box->windowTitle()) - m.left() - m.right();
+        grid->addItem(new QSpacerItem(strut, 0, QSizePolicy::Minimum, QSizePolicy::Fixed),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
+    return box;
+}
+
+int TitleBarWidth(const QString& title) {
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    // The window's icon before the title, and minimise, maximise and close after it.
+    const int buttons = 4 * 32;
+    return QFontMetrics(font).horizontalAdvance(title) + buttons + 24;
+}
+
+void KeepOnScreen(QWidget* window) {
+    std::vector<QRect> areas;
+    for (QScreen* s : QGuiApplication::screens()) areas.push_back(s->availableGeometry());
+    const QRect frame = window->frameGeometry();
+    const QRect inner = window->geometry();
+    const QSize decoration = frame.size() - inner.size();
+    const QRect fitted = FitOnScreens(frame, areas, window->minimumSize() + decoration);
+    if (fitted == frame) return;
+    window->resize(fitted.size() - decoration);
+    window->move(fitted.topLeft());
+}
+
+void KeepInArea(QMdiSubWindow* child) {
+    QMdiArea* area = child->mdiArea();
+    if (!area || child->isMaximized() || child->isMinimized()) return;
+    const QRect fitted =
+        FitOnScreens(child->geometry(), {area->viewport()->rect()}, child->minimumSize());
+    if (fitted != child->geometry()) child->setGeometry(fitted);
+}
+
+void MeasureAllPages(QWidget* window) {
+    // A hidden page does not pass on that its captions grew; it would tell only when shown, and
+    // the window would grow then.
+    for (QLayout* l : window->findChildren<QLayout*>()) l->invalidate();
+    for (QWidget* w : window->findChildren<QWidget*>())
+        if (!w->isHidden()) w->updateGeometry();
+    if (QLayout* l = window->layout()) l->activate();
+}
+
+void KeepLayoutMinimum(QMdiSubWindow* child) {
+    if (QLayout* layout = child->layout()) layout->setSizeConstraint(QLayout::SetMinimumSize);
+}
+
+namespace {
+
 class QtMessages : public MessagePort {
   public:
     int Show(const MessageRequest& r) override {
-        QMessageBox box(QApplication::activeWindow());
-        box.setWindowTitle(Q(r.title.empty() ? kDefaultTitle : r.title));
-        // The messages join their lines with CR LF or LF CR; show each joint as one break.
-        QString text = Q(r.text);
-        text.replace("\r\n", "\n").replace("\n\r", "\n").replace('\r', '\n');
-        box.setText(text);
-        switch (r.icon) {
-            case Icon::kNone:
-                box.setIcon(QMessageBox::NoIcon);
-                break;
-            case Icon::kExclamation:
-                box.setIcon(QMessageBox::Warning);
-                break;
-            case Icon::kInformation:
-                box.setIcon(QMessageBox::Information);
-                break;
-            case Icon::kQuestion:
-                box.setIcon(QMessageBox::Question);
-                break;
-            case Icon::kCritical:
-                box.setIcon(QMessageBox::Critical);
-                break;
-        }
-        std::vector<std::pair<QMessageBox::StandardButton, int>> buttons;
-        switch (r.buttons) {
-            case Buttons::kOK:
-                buttons = {{QMessageBox::Ok, kOK}};
-                break;
-            case Buttons::kOKCancel:
-                buttons = {{QMessageBox::Ok, kOK}, {QMessageBox::Cancel, kCancel}};
-                break;
-            case Buttons::kYesNo:
-                buttons = {{QMessageBox::Yes, kYes}, {QMessageBox::No, kNo}};
-                break;
-            case Buttons::kYesNoCancel:
-                buttons = {{QMessageBox::Yes, kYes},
-                           {QMessageBox::No, kNo},
-                           {QMessageBox::Cancel, kCancel}};
-                break;
-        }
-        QMessageBox::StandardButtons all;
-        for (auto& b : buttons) all |= b.first;
-        box.setStandardButtons(all);
-        std::size_t def =
-            static_cast<std::size_t>(std::clamp(r.defaultButton, 0, int(buttons.size()) - 1));
-        box.setDefaultButton(buttons[def].first);
-        box.setEscapeButton(buttons.back().first);
+        std::unique_ptr<QMessageBox> box = MakeMessageBox(r, QApplication::activeWindow());
         QApplication::restoreOverrideCursor();
-        int result = box.exec();
+        const int result = box->exec();
+        const std::vector<std::pair<QMessageBox::StandardButton, int>> buttons = ButtonsOf(r);
         for (auto& b : buttons)
             if (b.first == result) return b.second;
         // Closed by the window frame: the escape answer.

@@ -22,6 +22,8 @@ class QWidget;
 class QLabel;
 class QAbstractButton;
 class QLineEdit;
+class QMdiSubWindow;
+class QMessageBox;
 
 namespace tt::gui {
 
@@ -104,6 +106,25 @@ inline constexpr const char* kDesktopId = "org.tamberlintally.TamberlinTally";
 // ticket with a tally of five on the green of the track.
 QIcon AppIcon();
 QPixmap AppIconPixmap(int size);
+
+// A window placed from stored settings brought whole onto a screen that is there (its frame,
+// once it has one), and a child window brought whole into the main window's document area.
+void KeepOnScreen(QWidget* window);
+void KeepInArea(QMdiSubWindow* child);
+// A child window never smaller than its layout needs, so that tiling and resizing never cut a
+// label; the minimum follows the window's contents when they change.
+void KeepLayoutMinimum(QMdiSubWindow* child);
+
+// Every layout of WINDOW measured again, those of hidden tab pages too, whose captions may have
+// changed since: the window's minimum is then that of its largest page, and it keeps one size
+// whichever page is shown.
+void MeasureAllPages(QWidget* window);
+
+// The box a message is shown in, at least wide enough for its title beside the window
+// buttons of its frame.
+std::unique_ptr<QMessageBox> MakeMessageBox(const MessageRequest& request, QWidget* parent);
+// The width a frame needs for TITLE: the text in the title bar's font and the buttons beside it.
+int TitleBarWidth(const QString& title);
 
 // The ports over Qt.
 std::unique_ptr<MessagePort> MakeMessageBoxes();

@@ -6,6 +6,7 @@
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include "model/help_ids.h"
 #include "model/ports.h"
@@ -52,12 +53,19 @@ HelpViewer* OpenViewer(const std::string& helpFile) {
     if (!owner) owner = MainWindow();
     if (!Viewer()) {
         Viewer() = new HelpViewer(helpFile, owner);
+        Viewer()->Place(MainWindow());
     } else if (Viewer()->parentWidget() != owner) {
         QRect where = Viewer()->geometry();
         Viewer()->setParent(owner, Qt::Window);
         Viewer()->setGeometry(where);
     }
+    const bool first = !Viewer()->isVisible();
     Viewer()->show();
+    if (first) {
+        // Its frame is known once it is shown: the whole frame goes on the screen.
+        KeepOnScreen(Viewer());
+        QTimer::singleShot(0, Viewer(), [v = Viewer()] { KeepOnScreen(v); });
+    }
     Viewer()->raise();
     Viewer()->activateWindow();
     return Viewer();
@@ -95,6 +103,8 @@ void HelpSteps(QWidget* mainWindow, int contextId, NoChild noChild) {
     }
     if (QMdiSubWindow* child = ActiveChild(mainWindow)) {
         ShowContext(file, contextId != 0 ? contextId : ContextOf(child), {});
+        // Search For Help On opens on the window's topic with the search box ready.
+        if (noChild == NoChild::kSearch && Viewer()) Viewer()->ShowSearch();
         return;
     }
     const HelpTopic* overview = HelpTopicFor(help::kOverview);

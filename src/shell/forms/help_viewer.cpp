@@ -1,12 +1,17 @@
 #include "shell/forms/help_viewer.h"
 
+#include <QCloseEvent>
 #include <QFile>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
 #include <QTabWidget>
@@ -17,6 +22,8 @@
 #include <QVBoxLayout>
 
 #include "model/help_ids.h"
+#include "model/number_text.h"
+#include "model/ports.h"
 #include "shell/forms/gui_support.h"
 #include "shell/help_topics.h"
 
@@ -52,6 +59,7 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
     layout->addLayout(bar);
 
     auto* split = new QSplitter(this);
+    split_ = split;
     tabs_ = new QTabWidget(split);
     contents_ = new QTreeWidget(tabs_);
     contents_->setObjectName("Contents");
@@ -67,6 +75,7 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
             groupItem->setExpanded(true);
         }
         auto* item = new QTreeWidgetItem(groupItem, {Q(t.title)});
+        item->setToolTip(0, Q(t.title));
         item->setData(0, kFileRole, Q(t.file));
         item->setData(0, kTopicRole, static_cast<int>(i));
     }
@@ -95,9 +104,24 @@ HelpViewer::HelpViewer(const std::string& helpName, QWidget* parent)
     split->addWidget(tabs_);
     split->addWidget(browser_);
     split->setStretchFactor(1, 1);
-    split->setSizes({Twips(4500), Twips(8700)});
+    split->setChildrenCollapsible(false);
+    // The contents as wide as their longest title, so that no title is cut.
+    contents_->setTextElideMode(Qt::ElideNone);
+    int widest = 0;
+    for (QTreeWidgetItemIterator it(contents_); *it; ++it)
+        widest = std::max(widest, contents_->fontMetrics().horizontalAdvance((*it)->text(0)) +
+                                      ((*it)->parent() ? contents_->indentation() : 0));
+    const int titles = widest + contents_->indentation() +
+                       contents_->verticalScrollBar()->sizeHint().width() +
+                       2 * contents_->frameWidth() + 8;
+    results_->setTextElideMode(Qt::ElideNone);
+    tabs_->setMinimumWidth(titles);
+    split->setSizes({titles, Twips(8700)});
     layout->addWidget(split);
-    resize(Twips(13200), Twips(9000));
+    resize(titles + Twips(8700), Twips(9000));
+    // Esc puts the help away, as it closes the program's dialogs.
+    auto* esc = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(esc, &QShortcut::activated, this, &QWidget::close);
 
     back_->setEnabled(false);
     forward_->setEnabled(false);
@@ -129,6 +153,47 @@ void HelpViewer::ShowTopic(const HelpTopic& topic) {
     QUrl url("qrc:/" + Q(helpName_) + "/" + Q(topic.file));
     if (browser_->source() != url) browser_->setSource(url);
     SelectInContents();
+}
+
+void HelpViewer::Place(QWidget* mainWindow) {
+    auto stored = [](const char* key) -> std::optional<double> {
+        auto v = Settings().Get(key);
+        if (!v || v->empty()) return std::nullopt;
+        auto f = ParseSingleField(*v);
+        return f ? std::optional<double>(*f) : std::nullopt;
+    };
+    const auto left = stored("HelpLeft"), top = stored("HelpTop"), width = stored("HelpWidth"),
+               height = stored("HelpHeight");
+    if (left && top && width && height && *width > 0 && *height > 0) {
+        resize(std::max(Twips(*width), minimumSizeHint().width()),
+               std::max(Twips(*height), minimumSizeHint().height()));
+        move(Twips(*left), Twips(*top));
+    } else {
+        QScreen* screen = mainWindow ? mainWindow->screen() : QGuiApplication::primaryScreen();
+        const QRect area = screen ? screen->availableGeometry() : QRect(0, 0, 1024, 768);
+        // Room for the frame's title bar and borders, which the window system adds.
+        const QSize frame(16, 40);
+        resize(std::min(size().width(), area.width() - frame.width()),
+               std::min(Twips(9000), area.height() - frame.height()));
+        const QRect centred(QPoint(0, 0), size() + frame);
+        move(area.center() - centred.center());
+    }
+    KeepOnScreen(this);
+}
+
+void HelpViewer::RememberPlacement() {
+    if (isMinimized() || isMaximized() || isFullScreen()) return;
+    const QRect g = frameGeometry();
+    const QSize inner = size();
+    Settings().Set("HelpLeft", NumText(ToTwips(g.x())));
+    Settings().Set("HelpTop", NumText(ToTwips(g.y())));
+    Settings().Set("HelpWidth", NumText(ToTwips(inner.width())));
+    Settings().Set("HelpHeight", NumText(ToTwips(inner.height())));
+}
+
+void HelpViewer::closeEvent(QCloseEvent* event) {
+    RememberPlacement();
+    QWidget::closeEvent(event);
 }
 
 void HelpViewer::ShowSearch() {

@@ -8,6 +8,7 @@
 
 class QLineEdit;
 class QListWidget;
+class QSplitter;
 class QTabWidget;
 class QTextBrowser;
 class QToolButton;
@@ -41,7 +42,15 @@ class HelpViewer : public QWidget {
     QToolButton* BackButton() const { return back_; }
     QToolButton* ForwardButton() const { return forward_; }
 
+    // Where the viewer opens: where it was last left, or else centred on the screen that holds
+    // the main window; whole on a screen either way.
+    void Place(QWidget* mainWindow);
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
   private:
+    void RememberPlacement();
     void OpenResult(int row);
     void SelectInContents();
     const std::vector<std::string>& Texts();
@@ -55,6 +64,7 @@ class HelpViewer : public QWidget {
     QToolButton* back_ = nullptr;
     QToolButton* forward_ = nullptr;
     std::vector<std::string> texts_;
+    QSplitter* split_ = nullptr;
 };
 
 }  // namespace tt::gui
