@@ -531,6 +531,7 @@ void PlaceBetsLogic::ClearBetArea() {
 // ---- The ticket's bets ----------------------------------------------------------------------
 
 void PlaceBetsLogic::BuildBetGrid() {
+    ++flxBetsBuilds;
     GridData& g = flxBets;
     g.SetFixedCols(0);
     g.SetFixedRows(1);

@@ -88,6 +88,7 @@ class PlaceBetsLogic : public FormState {
         lblOriginal, fraBet;
     GridData flxBets;
     ControlState flxBetsState;  // enabled doubles as the grid's place in the tab order
+    int flxBetsBuilds = 0;      // how often the grid was built, so that a form redraws it only then
     // The text box whose text the form should select, "" for none; the form clears it.
     std::string selectText;
 

@@ -210,6 +210,7 @@ void TicketHeaderLogic::BuildBettorList() {
 void TicketHeaderLogic::BuildTicketList() {
     if (IsNewMode()) return;
     const bool edit = IsEditMode();
+    ++flxBetsBuilds;
     GridData& g = flxBets;
     g.SetFixedCols(0);
     g.SetFixedRows(1);

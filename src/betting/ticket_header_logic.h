@@ -66,6 +66,7 @@ class TicketHeaderLogic : public FormState {
     ControlState lblRace, lblBettor, lblTicketNbr;
     GridData flxBets;
     ControlState flxBetsState;
+    int flxBetsBuilds = 0;  // how often the list was built, so that a form redraws it only then
     // The list lets several rows be chosen at once ("Cash").
     bool multiSelect = false;
     // The text box whose text the form should select, "" for none; the form clears it.

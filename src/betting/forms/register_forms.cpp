@@ -1,7 +1,14 @@
+#include "betting/forms/frm_bet_display.h"
+#include "betting/forms/frm_place_bets.h"
+#include "betting/forms/frm_ticket_header.h"
 #include "shell/forms/form_registry.h"
 
 namespace tt::gui {
 
-void RegisterBettingForms() {}
+void RegisterBettingForms() {
+    RegisterForm("frmTicketHeader", [](QWidget* parent) { return new frmTicketHeader(parent); });
+    RegisterForm("frmPlaceBets", [](QWidget* parent) { return new frmPlaceBets(parent); });
+    RegisterForm("frmBetDisplay", [](QWidget* parent) { return new frmBetDisplay(parent); });
+}
 
 }  // namespace tt::gui
