@@ -301,11 +301,18 @@ int frmPlaceBets::PickOf(const QObject* watched) const {
     return 0;
 }
 
+void frmPlaceBets::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    Refresh();
+}
+
 bool frmPlaceBets::KeyPress(QObject* watched, QKeyEvent* e) {
     if (e->key() == Qt::Key_Escape) {
         reject();
         return true;
     }
+    // Tab moves the focus as it always does.
+    if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab) return false;
     bool handled = false;
     Guard(this, false, [&] {
         handled = logic.Form_KeyDown(KeyCodeOf(e), ShiftOf(e), S(watched->objectName()));

@@ -36,6 +36,7 @@ class frmPlaceBets : public QDialog {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void Run(const std::function<void()>& event);

@@ -219,11 +219,18 @@ void frmTicketHeader::ListSelectionChanged() {
     });
 }
 
+void frmTicketHeader::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    Refresh();
+}
+
 bool frmTicketHeader::KeyPress(QObject* watched, QKeyEvent* e) {
     if (e->key() == Qt::Key_Escape) {
         reject();
         return true;
     }
+    // Tab moves the focus as it always does.
+    if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab) return false;
     bool handled = false;
     Guard(this, false, [&] {
         handled = logic.Form_KeyDown(KeyCodeOf(e), ShiftOf(e), S(watched->objectName()));

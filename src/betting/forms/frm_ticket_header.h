@@ -35,6 +35,7 @@ class frmTicketHeader : public QDialog {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
     void Run(const std::function<void()>& event);

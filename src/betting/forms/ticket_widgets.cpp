@@ -56,6 +56,8 @@ void ShowCombo(QComboBox* box, const ComboState& state) {
 }
 
 void ApplyFocusAndSelection(QWidget* form, FormState& logic, std::string& selectText) {
+    // A window not yet on screen takes its first focus when it shows.
+    if (!form->isVisible()) return;
     if (!logic.focus.empty()) {
         if (auto* w = form->findChild<QWidget*>(Q(logic.focus)))
             if (w->isVisible() && w->isEnabled()) w->setFocus(Qt::OtherFocusReason);
