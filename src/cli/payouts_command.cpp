@@ -6,9 +6,9 @@
 #include "cli/command.h"
 #include "cli/command_helpers.h"
 #include "cli/console_ports.h"
+#include "model/error_path.h"
 #include "model/race_file.h"
 #include "payouts/display_payouts_logic.h"
-#include "shell/error_path.h"
 
 namespace tt::cli {
 

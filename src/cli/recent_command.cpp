@@ -6,8 +6,8 @@
 #include "cli/command.h"
 #include "cli/console_ports.h"
 #include "files/file_commands.h"
+#include "model/qt_settings.h"
 #include "model/race_file.h"
-#include "shell/qt_settings.h"
 
 namespace tt::cli {
 

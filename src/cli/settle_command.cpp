@@ -12,11 +12,11 @@
 #include "cli/command_helpers.h"
 #include "cli/console_ports.h"
 #include "files/race_file_io.h"
+#include "model/error_path.h"
 #include "model/race_file.h"
 #include "payouts/payout_handling_logic.h"
 #include "payouts/record_result.h"
 #include "payouts/settle_race.h"
-#include "shell/error_path.h"
 
 namespace tt::cli {
 

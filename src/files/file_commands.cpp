@@ -3,9 +3,9 @@
 #include "files/race_file_io.h"
 #include "files/recovery_file.h"
 #include "model/common.h"
+#include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 
 namespace tt {
 

@@ -190,6 +190,8 @@ class PortsScope {
 std::unique_ptr<FileSystemPort> MakeRealFileSystem();
 std::unique_ptr<ClockPort> MakeSystemClock();
 std::unique_ptr<RandomPort> MakeSystemRandom();
+// Settings kept in memory for as long as the port lives: nothing reaches the desktop's store.
+std::unique_ptr<SettingsPort> MakeMemorySettings();
 
 // ---- Helpers over the ports ---------------------------------------------------------------
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "shell/help_ids.h"
+#include "model/help_ids.h"
 
 namespace tt {
 

@@ -4,12 +4,12 @@
 
 #include "model/common.h"
 #include "model/ports.h"
+#include "model/qt_settings.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_initial_open.h"
 #include "shell/forms/frm_main.h"
 #include "shell/forms/frm_splash.h"
 #include "shell/forms/gui_support.h"
-#include "shell/qt_settings.h"
 #include "shell/startup.h"
 
 int main(int argc, char** argv) {

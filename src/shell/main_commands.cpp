@@ -2,9 +2,9 @@
 
 #include "files/file_commands.h"
 #include "model/common.h"
+#include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 
 namespace tt {
 
@@ -74,26 +74,6 @@ void mnuFilePageSetup_Click() {
         if (err.Number() == kErrCancel) return;
         MsgBox(JoinParts({"Error in Page Setup.", err.Text()}));
     }
-}
-
-const std::vector<ToolbarButton>& ToolbarButtons() {
-    static const std::vector<ToolbarButton> kButtons = {
-        {"MRU", "Open Most Recent File"},
-        {"New", "New"},
-        {"Open", "Open"},
-        {"Save", "Save"},
-        {"Print", "Print"},
-        {"Cascade", "Cascade open windows"},
-        {"SetupRaceCard", "Setup Race Card"},
-        {"SetupBettors", "Setup Bettors"},
-        {"PlaceBets", "Betting Window"},
-        {"ListBets", "List Bets"},
-        {"DisplayOdds", "Display Odds"},
-        {"EditResults", "Record Race Results"},
-        {"DisplayPayouts", "Display Payouts"},
-        {"Help", "Help"},
-    };
-    return kButtons;
 }
 
 }  // namespace tt

@@ -18,8 +18,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

@@ -8,10 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "payouts/forms/frm_payout_handling.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

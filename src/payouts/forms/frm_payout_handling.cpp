@@ -8,9 +8,9 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

@@ -23,7 +23,7 @@
 #include <QTimer>
 
 #include "model/app_error.h"
-#include "shell/error_path.h"
+#include "model/error_path.h"
 
 namespace tt::gui {
 
