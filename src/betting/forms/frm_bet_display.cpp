@@ -7,8 +7,8 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

@@ -14,10 +14,10 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "model/race_file.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 
