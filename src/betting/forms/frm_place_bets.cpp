@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "model/help_ids.h"
 #include "model/race_file.h"
@@ -158,7 +159,6 @@ frmPlaceBets::frmPlaceBets(QWidget* parent) : QDialog(parent) {
     flxBets->setModel(model_);
     flxBets->setSelectionMode(QAbstractItemView::SingleSelection);
     flxBets->setMinimumSize(Twips(5400), Twips(2200));
-    flxBets->horizontalHeader()->setStretchLastSection(true);
     ticket->addWidget(flxBets, 1);
     fraTicket = new QGroupBox(this);
     auto* f = new QGridLayout(fraTicket);
@@ -284,15 +284,23 @@ void frmPlaceBets::Refresh() {
     if (logic.flxBetsBuilds != shownBuilds_) {
         shownBuilds_ = logic.flxBetsBuilds;
         model_->SetGrid(&logic.flxBets);
-        ApplyGridLayout(flxBets, logic.flxBets);
-        flxBets->horizontalHeader()->setStretchLastSection(true);
+        LayOutColumns(flxBets, logic.flxBets, 5);
     }
     flxBets->setToolTip(Q(logic.flxBetsState.toolTip));
     // A race with results keeps the list out of the tab order.
     flxBets->setFocusPolicy(logic.flxBetsState.enabled ? Qt::StrongFocus : Qt::ClickFocus);
     ApplyFocusAndSelection(this, logic, logic.selectText);
     refreshing_ = false;
+    for (std::vector<QObject*> left = std::exchange(left_, {}); QObject * w : left) LostFocus(w);
     if (logic.unloaded && isVisible()) done(QDialog::Accepted);
+}
+
+void frmPlaceBets::LostFocus(QObject* watched) {
+    if (logic.unloaded) return;
+    if (watched == txtBetAmt && txtBetAmt->isEnabled())
+        Run([&] { logic.txtBetAmt_LostFocus(); });
+    else if (const int i = PickOf(watched); i != 0 && comPick[i]->isEnabled())
+        Run([&] { logic.comPick_LostFocus(i); });
 }
 
 int frmPlaceBets::PickOf(const QObject* watched) const {
@@ -351,7 +359,13 @@ bool frmPlaceBets::KeyPress(QObject* watched, QKeyEvent* e) {
 }
 
 bool frmPlaceBets::eventFilter(QObject* watched, QEvent* event) {
-    if (refreshing_) return QDialog::eventFilter(watched, event);
+    if (refreshing_) {
+        // The focus the window itself moved: the box it left is left once the window is shown.
+        if (event->type() == QEvent::FocusOut &&
+            UserFocusReason(static_cast<QFocusEvent*>(event)->reason()))
+            left_.push_back(watched);
+        return QDialog::eventFilter(watched, event);
+    }
     switch (event->type()) {
         case QEvent::KeyPress:
             if (KeyPress(watched, static_cast<QKeyEvent*>(event))) return true;
@@ -372,14 +386,9 @@ bool frmPlaceBets::eventFilter(QObject* watched, QEvent* event) {
             if (!UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) break;
             if (watched == txtBetAmt) Run([&] { logic.txtBetAmt_GotFocus(); });
             break;
-        case QEvent::FocusOut: {
-            if (!UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) break;
-            if (watched == txtBetAmt && txtBetAmt->isEnabled())
-                Run([&] { logic.txtBetAmt_LostFocus(); });
-            else if (const int i = PickOf(watched); i != 0 && comPick[i]->isEnabled())
-                Run([&] { logic.comPick_LostFocus(i); });
+        case QEvent::FocusOut:
+            if (UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) LostFocus(watched);
             break;
-        }
         default:
             break;
     }

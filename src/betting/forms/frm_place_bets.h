@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <array>
 #include <functional>
+#include <vector>
 
 #include "betting/forms/ticket_widgets.h"
 #include "betting/place_bets_logic.h"
@@ -41,6 +42,8 @@ class frmPlaceBets : public QDialog {
   private:
     void Run(const std::function<void()>& event);
     bool KeyPress(QObject* watched, QKeyEvent* e);
+    // A box left by the focus: its typed text is checked.
+    void LostFocus(QObject* watched);
     // The pick list a widget is, 0 for none.
     int PickOf(const QObject* watched) const;
 
@@ -70,6 +73,7 @@ class frmPlaceBets : public QDialog {
     QPushButton* cmdCancel;
     QPushButton* cmdHelp;
     EnterKeys enter_;
+    std::vector<QObject*> left_;  // boxes the focus left while the window was being drawn
     int shownBuilds_ = -1;
     bool refreshing_ = false;
 };

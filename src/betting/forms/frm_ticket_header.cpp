@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "model/help_ids.h"
 #include "model/race_file.h"
@@ -73,7 +74,6 @@ frmTicketHeader::frmTicketHeader(QWidget* parent) : QDialog(parent) {
     flxBets->setModel(model_);
     flxBets->setSelectionBehavior(QAbstractItemView::SelectRows);
     flxBets->setMinimumSize(Twips(7400), Twips(3200));
-    flxBets->horizontalHeader()->setStretchLastSection(true);
     v->addWidget(flxBets, 1);
 
     auto* buttons = new QHBoxLayout;
@@ -153,8 +153,12 @@ frmTicketHeader::frmTicketHeader(QWidget* parent) : QDialog(parent) {
         if (!w->objectName().isEmpty()) w->installEventFilter(this);
 
     Run([&] { logic.Form_Load(); });
-    // Without the list the window keeps to its boxes.
-    if (!logic.flxBetsState.visible) layout()->setSizeConstraint(QLayout::SetFixedSize);
+    // Without the list the window keeps to its boxes; with it, it opens wide enough for the
+    // race names.
+    if (!logic.flxBetsState.visible)
+        layout()->setSizeConstraint(QLayout::SetFixedSize);
+    else
+        resize(sizeHint().width() + Twips(1500), sizeHint().height() + Twips(1200));
 }
 
 int frmTicketHeader::exec() {
@@ -187,8 +191,7 @@ void frmTicketHeader::Refresh() {
     if (logic.flxBetsBuilds != shownBuilds_) {
         shownBuilds_ = logic.flxBetsBuilds;
         model_->SetGrid(&logic.flxBets);
-        ApplyGridLayout(flxBets, logic.flxBets);
-        flxBets->horizontalHeader()->setStretchLastSection(true);
+        LayOutColumns(flxBets, logic.flxBets, 2);
     }
     flxBets->setSelectionMode(logic.multiSelect ? QAbstractItemView::ContiguousSelection
                                                 : QAbstractItemView::SingleSelection);
@@ -196,6 +199,7 @@ void frmTicketHeader::Refresh() {
     flxBets->setVisible(logic.flxBetsState.visible);
     ApplyFocusAndSelection(this, logic, logic.selectText);
     refreshing_ = false;
+    for (std::vector<QObject*> left = std::exchange(left_, {}); QObject * w : left) LostFocus(w);
     if (logic.unloaded && isVisible()) done(QDialog::Accepted);
 }
 
@@ -260,8 +264,18 @@ bool frmTicketHeader::KeyPress(QObject* watched, QKeyEvent* e) {
     return key == 0 || typed == 13;
 }
 
+void frmTicketHeader::LostFocus(QObject* watched) {
+    if (!logic.unloaded && watched == comRaceName) Run([&] { logic.comRaceName_LostFocus(); });
+}
+
 bool frmTicketHeader::eventFilter(QObject* watched, QEvent* event) {
-    if (refreshing_) return QDialog::eventFilter(watched, event);
+    if (refreshing_) {
+        // The focus the window itself moved: the box it left is left once the window is shown.
+        if (event->type() == QEvent::FocusOut &&
+            UserFocusReason(static_cast<QFocusEvent*>(event)->reason()))
+            left_.push_back(watched);
+        return QDialog::eventFilter(watched, event);
+    }
     switch (event->type()) {
         case QEvent::KeyPress:
             if (KeyPress(watched, static_cast<QKeyEvent*>(event))) return true;
@@ -287,8 +301,7 @@ bool frmTicketHeader::eventFilter(QObject* watched, QEvent* event) {
                 flxBets->selectRow(std::max(0, flxBets->currentIndex().row()));
             break;
         case QEvent::FocusOut:
-            if (!UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) break;
-            if (watched == comRaceName) Run([&] { logic.comRaceName_LostFocus(); });
+            if (UserFocusReason(static_cast<QFocusEvent*>(event)->reason())) LostFocus(watched);
             break;
         default:
             break;

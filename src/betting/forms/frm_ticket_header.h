@@ -4,6 +4,7 @@
 
 #include <QDialog>
 #include <functional>
+#include <vector>
 
 #include "betting/forms/ticket_widgets.h"
 #include "betting/ticket_header_logic.h"
@@ -42,6 +43,8 @@ class frmTicketHeader : public QDialog {
     // The rows chosen in the list become the logic's Row and RowSel.
     void ListSelectionChanged();
     bool KeyPress(QObject* watched, QKeyEvent* e);
+    // A box left by the focus: its typed text is checked.
+    void LostFocus(QObject* watched);
 
     QComboBox* comRaceName;
     QComboBox* comBettor;
@@ -58,6 +61,7 @@ class frmTicketHeader : public QDialog {
     QLabel* lblBettor;
     QLabel* lblTicketNbr;
     EnterKeys enter_;
+    std::vector<QObject*> left_;  // boxes the focus left while the window was being drawn
     int shownBuilds_ = -1;
     bool refreshing_ = false;
 };

@@ -1,8 +1,11 @@
 #include "betting/forms/ticket_widgets.h"
 
 #include <QComboBox>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
 #include <QTimer>
 
 #include "model/race_file.h"
@@ -55,6 +58,24 @@ void ShowCombo(QComboBox* box, const ComboState& state) {
                                                             : QString("background: red;"));
 }
 
+void LayOutColumns(QTableView* view, const GridData& grid, int stretch) {
+    ApplyGridLayout(view, grid);
+    QHeaderView* header = view->horizontalHeader();
+    header->setStretchLastSection(false);
+    int total = 0;
+    for (int c = 0; c < grid.Cols(); ++c) {
+        if (grid.ColWidth(c) <= 0) continue;
+        const int width = std::max(Twips(grid.ColWidth(c)), header->sectionSizeHint(c));
+        header->setSectionResizeMode(
+            c, c == stretch ? QHeaderView::Stretch : QHeaderView::Interactive);
+        view->setColumnWidth(c, width);
+        total += width;
+    }
+    // Room for every column and the scroll bar, so that the stretching one never gets less.
+    view->setMinimumWidth(total + view->verticalScrollBar()->sizeHint().width() +
+                          2 * view->frameWidth());
+}
+
 void ApplyFocusAndSelection(QWidget* form, FormState& logic, std::string& selectText) {
     // A window not yet on screen takes its first focus when it shows.
     if (!form->isVisible()) return;
@@ -67,7 +88,11 @@ void ApplyFocusAndSelection(QWidget* form, FormState& logic, std::string& select
     QLineEdit* edit = form->findChild<QLineEdit*>(Q(selectText));
     if (!edit)
         if (auto* box = form->findChild<QComboBox*>(Q(selectText))) edit = box->lineEdit();
-    if (edit) QTimer::singleShot(0, edit, [edit] { edit->selectAll(); });
+    // Once the focus has arrived; a box the focus has left again keeps no selection.
+    if (edit)
+        QTimer::singleShot(0, edit, [edit] {
+            if (edit->hasFocus()) edit->selectAll();
+        });
     selectText.clear();
 }
 

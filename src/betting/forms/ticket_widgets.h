@@ -8,9 +8,11 @@
 
 #include "betting/combo_state.h"
 #include "model/form_state.h"
+#include "model/grid_data.h"
 
 class QComboBox;
 class QKeyEvent;
+class QTableView;
 class QWidget;
 
 namespace tt::gui {
@@ -27,6 +29,10 @@ bool IsEnterKey(const QKeyEvent* e);
 // Shows a combo box's state. The list is filled again only when its entries changed, so that
 // what is being typed stays where it is.
 void ShowCombo(QComboBox* box, const ComboState& state);
+
+// A grid's columns at their widths, but never narrower than their heading in the desktop's
+// font; `stretch` takes the room left over, -1 for none.
+void LayOutColumns(QTableView* view, const GridData& grid, int stretch);
 
 // The focus and text selection the logic asked for; both requests are then done. A combo box
 // selects the text of its edit box.
