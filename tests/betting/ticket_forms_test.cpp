@@ -132,6 +132,18 @@ TEST_F(TicketForms, AnEnterPressedInAnotherBoxDoesNotRunOnWhenItComesUp) {
     EXPECT_EQ(FocusName(), "comBetType");
 }
 
+TEST_F(TicketForms, LeavingTheAmountBelowTheMinimumBringsTheFocusBack) {
+    RF.Race(1).MinBet = C(2);
+    NewTicket(1, 1);
+    gui::frmPlaceBets f;
+    ASSERT_TRUE(Show(f));
+    Type("1");
+    Key(Qt::Key_Return);
+    EXPECT_EQ(world.messages.Texts(), std::vector<std::string>{"Minimum bet for this race is 2."});
+    EXPECT_EQ(FocusName(), "txtBetAmt");
+    EXPECT_EQ(Child<QLineEdit>(f, "txtBetAmt")->text(), "1.00");
+}
+
 TEST_F(TicketForms, ARefusedBetKeepsItsPicksAndMarksTheRepeatedOnesRed) {
     NewTicket(1, 1);
     gui::frmPlaceBets f;
