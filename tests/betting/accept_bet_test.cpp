@@ -2,16 +2,16 @@
 // the two boxes after a repeated pick, and the error when the third list has no choice; the
 // bet written into the ticket's list; loading a bet of the list back and deleting it.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 #include "model/app_error.h"
 
 namespace tt::test {
 namespace {
 
-class AcceptBet : public BettingCard {
+class AcceptBet : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         RF.Race(1).BetType(7) = true;  // Pick 3 over races 1 to 3
         NewTicket(1, 1);
         p.Form_Load();

@@ -1,15 +1,15 @@
 // The amount of a bet: the race's minimum and increment, tested on the typed text in double
 // precision, and the amount stored as typed.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class BetAmount : public BettingCard {
+class BetAmount : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         NewTicket(1, 1);
         p.Form_Load();
         p.focus.clear();

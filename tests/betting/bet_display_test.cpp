@@ -1,15 +1,15 @@
 // "Display Bet Pick's": where its bet comes from, and a row for every racer behind a pick.
 
 #include "betting/bet_display_logic.h"
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class BetDisplay : public BettingCard {
+class BetDisplay : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         RF.UseProgramNbr = true;
         Ticket(1, 1, {{4, 2, {1, 3}}, {6, 2, {5, 9}}});  // Exacta 1-3, Daily Double 5 / 9
         StartTransaction();

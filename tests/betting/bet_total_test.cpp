@@ -1,15 +1,15 @@
 // Bet Total: what the bettor owes for one bet. A box costs every order of its picks, Across the
 // Board three bets; the combinations themselves are not stored.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class BetTotal : public BettingCard {
+class BetTotal : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         NewTicket(1, 1);
         p.Form_Load();
         world.messages.Clear();

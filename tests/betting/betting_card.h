@@ -1,203 +1,205 @@
 #pragma once
-// A small card for the ticket windows: three races with coupled and scratched racers, bettors,
-// and tickets written as a finished transaction leaves them; and a host who types into the
-// windows' logic as the keys would.
+// A small card for the betting window's tests, and transactions filled as the ticket windows
+// leave them: new tickets after Accept Ticket, and tickets of the file brought in to be edited
+// or cashed.
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <initializer_list>
 #include <string>
 #include <vector>
 
 #include "betting/betting_state.h"
-#include "betting/place_bets_logic.h"
-#include "betting/ticket_header_logic.h"
-#include "model/common.h"
 #include "model/race_file.h"
 #include "support/fakes.h"
 #include "support/money.h"
 
 namespace tt::test {
 
-struct RacerDef {
-    int betNbr;
-    std::string name;
-    std::string program;
-    std::string post;
-    bool scratched = false;
+// One bet as typed: amount, type code, picks, boxed; its cost follows from the type.
+struct TypedBet {
+    double amt = 2;
+    int type = 1;
+    std::vector<int> picks;
+    bool boxed = false;
 };
+
+inline Currency CostOf(const TypedBet& b) {
+    const auto n = static_cast<std::int64_t>(b.picks.size());
+    std::int64_t combos = 1;
+    if (b.type == 11) combos = 3;
+    if (b.boxed && b.type == 4) combos = n * (n - 1);
+    if (b.boxed && b.type == 5) combos = n * (n - 1) * (n - 2);
+    return C(b.amt) * combos;
+}
 
 class BettingCard : public ::testing::Test {
   protected:
     void SetUp() override {
-        ClearRaceFile();
         ResetBettingState();
+        ClearRaceFile();
+        RF.FileId = 4172;
+        RF.FileName = "Tamberlin Downs Spring Meet";
         RF.RaceType = "Horse";
-        RF.FileName = "Betting card";
-        // Race 1: coupled 1 and 1A, 4 scratched; Win to Trifecta and the Daily Double.
-        Race(1, "Opener", {1, 2, 3, 4, 5, 6},
-             {{1, "Thistledown", "1", "2"},
-              {1, "Thistle Bloom", "1A", "6"},
-              {2, "Rusty Spur", "2", "1"},
-              {3, "Paper Moon", "3", "3"},
-              {4, "Gingersnap", "4", "4", true},
-              {5, "Harbor Light", "5", "5"},
-              {10, "Dusty Trail", "10", "10"}});
-        // Race 2: Win, Place, Show and Exacta.
-        Race(2, "Second", {1, 2, 3, 4},
-             {{1, "Alpha", "1", "1"}, {2, "Bravo", "2", "2"}, {3, "Charlie", "3", "3"}});
-        // Race 3: finished.
-        Race(3, "Third", {1, 2, 3},
-             {{1, "Xray", "1", "1"}, {2, "Yankee", "2", "2"}, {3, "Zulu", "3", "3"}});
-        RF.Race(3).Result(1) = 2;
-        for (int r = 1; r <= 3; ++r) {
-            RF.Race(r).MinBet = C(1);
-            RF.Race(r).BetIncr = C(0.25);
-            RF.Race(r).QuickBet(1) = C(2);
-            RF.Race(r).QuickBet(2) = C(5);
-        }
-        Bettor("Alice Hartley");
-        Bettor("bob fenwick");
-        Bettor("Carmen Ortiz");
+        RF.RecoveryFile = "/r/spring.tlr";
+        Race(1, "Maiden Sprint",
+             {"Dandelion Dancer", "Copper Kettle", "Miss Puddleby", "Long Shot Larry", "April Fool",
+              "Clover Hill"});
+        Race(2, "Meadowlark Handicap",
+             {"Thistledown", "Rusty Spur", "Paper Moon", "Gingersnap", "Harbor Light"});
+        Race(3, "Tamberlin Stakes", {"Sir Wobbles", "Blue Bonnet", "Quickstep", "Marmalade"});
+        for (const char* name : {"Ann Archer", "Bob Bellweather", "Cy Coldwater"}) Bettor(name);
         RF.DefaultRace = 1;
-        G.CurrentRace = 1;
     }
+    void TearDown() override { ResetBettingState(); }
 
-    void Race(int race, const std::string& name, std::initializer_list<int> types,
-              std::initializer_list<RacerDef> racers) {
-        RaceRec& rc = RF.Race(race);
-        rc.RaceName = name;
-        for (int t = 1; t <= 10; ++t) rc.BetType(t) = false;
-        for (int t : types) rc.BetType(t) = true;
+    // A race of racers with bet numbers 1, 2, ... in slots 1, 2, ...
+    void Race(int race, const std::string& name, std::initializer_list<const char*> racers) {
+        RaceRec& r = RF.Race(race);
+        r.RaceName = name;
+        for (int t = 1; t <= 10; ++t) r.BetType(t) = true;
         int n = 0;
-        for (const RacerDef& d : racers) {
+        for (const char* racer : racers) {
             ++n;
             if (n > RF.MaxRacers) {
                 RF.MaxRacers = n;
                 RF.Racer.ReDimPreserve(n + 1);
             }
-            RacerRec& r = RF.Racer(race, n);
-            r.BetNbr = d.betNbr;
-            r.RacerName = d.name;
-            r.ProgramNbr = d.program;
-            r.PostPosition = d.post;
-            r.Scratched = d.scratched;
+            RacerRec& rec = RF.Racer(race, n);
+            rec.BetNbr = n;
+            rec.RacerName = racer;
+            rec.PostPosition = std::to_string(n);
+            rec.ProgramNbr = std::to_string(n);
         }
     }
-
     int Bettor(const std::string& name) {
-        RF.BettorCount += 1;
+        RF.BettorCount = RF.BettorCount + 1;
         RF.Bettor.ReDimPreserve(RF.BettorCount + 1);
         RF.Bettor(RF.BettorCount).BettorName = name;
         return RF.BettorCount;
     }
 
-    struct BetDef {
-        int type;
-        double amt;
-        std::vector<int> picks;
-        bool boxed = false;
-    };
-    // A ticket as a finished transaction writes it: its bets in the next slots of the race,
-    // collected in full unless told.
-    int Ticket(int race, int bettor, std::initializer_list<BetDef> bets) {
-        const std::int64_t t = RF.TicketCount + 1;
-        RF.Ticket.ReDimPreserve(t + 1);
-        RF.TicketCount = static_cast<std::int32_t>(t);
-        TicketRec& ticket = RF.Ticket(t);
-        ticket.TicketNbr = static_cast<std::int32_t>(t);
-        ticket.TicketRace = race;
-        ticket.TicketBettor = bettor;
-        RaceRec& rc = RF.Race(race);
-        ticket.FirstBet = rc.BetCount + 1;
-        for (const BetDef& d : bets) {
-            const std::int64_t slot = rc.BetCount + 1;
-            rc.BetCount = static_cast<std::int32_t>(slot);
-            if (slot > RF.MaxBets) {
-                RF.Bet.ReDimPreserve(slot + 1);
-                RF.MaxBets = static_cast<std::int32_t>(slot);
-            }
-            BetRec& b = RF.Bet(race, slot);
-            b.BetType = d.type;
-            b.BetAmt = C(d.amt);
-            b.Boxed = d.boxed;
-            int j = 0;
-            for (int p : d.picks) b.Pick(++j) = p;
-            b.BetCost = b.BetAmt * (d.type == 11 ? 3 : 1);
-            b.TicketIdx = static_cast<std::int32_t>(t);
-            ticket.TicketCost += b.BetCost;
-        }
-        ticket.LastBet = rc.BetCount;
-        ticket.Collected = ticket.TicketCost;
-        return static_cast<int>(t);
+    // A bet of the transaction, appended to TranBets.
+    void AddTranBet(std::int32_t ticketNbr, int race, const TypedBet& typed,
+                    std::int32_t origBetIdx = 0) {
+        Betting.TranBetCount = Betting.TranBetCount + 1;
+        Betting.TranBets.ReDimPreserve(Betting.TranBetCount);
+        TempBet& b = Betting.TranBets(Betting.TranBetCount);
+        b.BetAmt = C(typed.amt);
+        b.BetType = typed.type;
+        b.Boxed = typed.boxed;
+        b.BetCost = CostOf(typed);
+        int k = 0;
+        for (int p : typed.picks) b.Pick(++k) = p;
+        b.TicketNbr = ticketNbr;
+        b.Race = race;
+        b.OrigBetIdx = origBetIdx;
     }
 
-    // ---- The host at the windows ----
-
-    // Types a text into the amount box, as keys would, and leaves it.
-    static void TypeAmount(PlaceBetsLogic& p, const std::string& text) {
-        p.txtBetAmt.text = text;
-        p.txtBetAmt_Change();
-    }
-    // Presses the key of a bet type in the type list.
-    static void TypeKey(PlaceBetsLogic& p, char key) {
-        int k = key;
-        p.comBetType_KeyPress(k);
-    }
-    // Types a betting number into pick list i and presses Enter there.
-    static void TypePick(PlaceBetsLogic& p, int i, int betNbr) {
-        p.comPick[static_cast<std::size_t>(i)].text = std::to_string(betNbr);
-        p.comPick_Change(i);
-        int enter = 13;
-        p.comPick_KeyPress(i, enter);
-    }
-    // A whole bet: amount, type key, picks, the box when asked, then Accept Bet.
-    static void PlaceBet(PlaceBetsLogic& p, const std::string& amount, char type,
-                         std::initializer_list<int> picks, bool boxed = false) {
-        TypeAmount(p, amount);
-        TypeKey(p, type);
-        if (boxed) {
-            p.chkBoxed.value = 1;
-            p.chkBoxed_Click();
-        }
-        int i = 0;
-        for (int pick : picks) TypePick(p, ++i, pick);
-        p.cmdAcceptBet_Click();
-    }
-
-    // Opens the ticket window in a mode, with Place Bet scripted.
-    void OnPlaceBets(std::function<void(PlaceBetsLogic&)> script) {
-        world.shell.onShow["frmPlaceBets"] = [script] {
-            PlaceBetsLogic p;
-            p.Form_Load();
-            script(p);
-        };
-    }
-
-    // A new ticket of the transaction, as the ticket window hands it to Place Bet.
-    void NewTicket(int race, int bettor) {
-        Betting.TicketMode = kNewTicket;
-        Betting.NewTicketCount += 1;
-        Betting.TranTicketCount += 1;
+    TranTicket& AppendTranTicket() {
+        Betting.TranTicketCount = Betting.TranTicketCount + 1;
         Betting.TranTickets.ReDimPreserve(Betting.TranTicketCount);
         Betting.CurTranTicket = Betting.TranTicketCount;
-        TranTicket& t = Betting.TranTickets(Betting.TranTicketCount);
-        t = TranTicket();
-        t.Action = kNewTicket;
-        t.TicketNbr = RF.TicketCount + Betting.NewTicketCount;
-        t.Race = race;
-        t.Bettor = bettor;
-        G.CurrentRace = race;
-        G.CurrentBettor = bettor;
-        G.CurrentTicket = 0;
+        return Betting.TranTickets(Betting.TranTicketCount);
     }
 
-    // A new transaction, as the betting window starts one.
-    static void StartTransaction() {
-        ResetBettingState();
-        G.CurrentRace = RF.DefaultRace;
+    // A new ticket as Accept Ticket leaves it: numbered TicketCount + NewTicketCount, its bets
+    // in TranBets, NewAmtBet and NewCollected the sum of their costs. Returns its number.
+    std::int32_t NewTicket(int race, int bettor, std::initializer_list<TypedBet> bets) {
+        Betting.NewTicketCount = Betting.NewTicketCount + 1;
+        const std::int32_t number = RF.TicketCount + Betting.NewTicketCount;
+        TranTicket& t = AppendTranTicket();
+        t.Action = kNewTicket;
+        t.TicketNbr = number;
+        t.Race = race;
+        t.Bettor = bettor;
+        Currency total;
+        for (const TypedBet& b : bets) {
+            AddTranBet(number, race, b);
+            total += CostOf(b);
+        }
+        Betting.TranTickets(Betting.TranTicketCount).NewAmtBet = total;
+        Betting.TranTickets(Betting.TranTicketCount).NewCollected = total;
+        return number;
     }
+
+    // A ticket of the file brought into the transaction as Ticket Header brings it: the
+    // ticket's money as it stands, its bets copied from FirstBet to LastBet.
+    TranTicket& BringIn(std::int32_t number, const char* action) {
+        const TicketRec& k = RF.Ticket(number);
+        TranTicket& t = AppendTranTicket();
+        t.TicketNbr = number;
+        t.Race = k.TicketRace;
+        t.Bettor = k.TicketBettor;
+        t.OldCost = k.TicketCost;
+        t.OldCollected = k.Collected;
+        t.OldDistributed = k.Distributed;
+        t.Winnings = k.Winnings;
+        t.NewAmtBet = t.OldCost;
+        t.NewCollected = t.OldCollected;
+        t.NewDistributed = t.OldDistributed;
+        t.Action = action;
+        const int race = k.TicketRace;
+        for (std::int64_t s = k.FirstBet; s >= 1 && s <= k.LastBet; ++s) {
+            const BetRec& bet = RF.Bet(race, s);
+            if (bet.TicketIdx != number) continue;
+            Betting.TranBetCount = Betting.TranBetCount + 1;
+            Betting.TranBets.ReDimPreserve(Betting.TranBetCount);
+            TempBet& b = Betting.TranBets(Betting.TranBetCount);
+            b.BetAmt = bet.BetAmt;
+            b.BetType = bet.BetType;
+            b.Boxed = bool(bet.Boxed);
+            b.BetCost = bet.BetCost;
+            for (int p = 1; p <= 6; ++p) b.Pick(p) = bet.Pick(p);
+            b.PriorWinnings = bet.BetWinnings;
+            b.BetMark = bet.WinningCombos;
+            b.TicketNbr = number;
+            b.Race = race;
+            b.OrigBetIdx = s;
+        }
+        Betting.CurTranTicket = Betting.TranTicketCount;
+        return Betting.TranTickets(Betting.TranTicketCount);
+    }
+    // Cash/Collect: full settlement of the ticket.
+    TranTicket& Cash(std::int32_t number) {
+        TranTicket& t = BringIn(number, kCashTicket);
+        t.NewDistributed = t.Winnings;
+        t.NewCollected = t.OldCost;
+        return t;
+    }
+
+    // A ticket in the file: its bets in the next slots of its race, collected in full.
+    std::int32_t FileTicket(int race, int bettor, std::initializer_list<TypedBet> bets) {
+        const std::int32_t number = RF.TicketCount + 1;
+        RF.TicketCount = number;
+        RF.Ticket.ReDimPreserve(number + 1);
+        TicketRec& k = RF.Ticket(number);
+        k.TicketNbr = number;
+        k.TicketRace = race;
+        k.TicketBettor = bettor;
+        for (const TypedBet& typed : bets) {
+            const std::int64_t slot = ++RF.Race(race).BetCount;
+            if (slot > RF.MaxBets) {
+                RF.MaxBets = static_cast<std::int32_t>(slot);
+                RF.Bet.ReDimPreserve(slot + 1);
+            }
+            BetRec& b = RF.Bet(race, slot);
+            b.BetAmt = C(typed.amt);
+            b.BetType = typed.type;
+            b.Boxed = typed.boxed;
+            b.BetCost = CostOf(typed);
+            int j = 0;
+            for (int p : typed.picks) b.Pick(++j) = p;
+            b.TicketIdx = number;
+            k.TicketCost += b.BetCost;
+            if (k.FirstBet == 0) k.FirstBet = static_cast<std::int32_t>(slot);
+            k.LastBet = static_cast<std::int32_t>(slot);
+        }
+        k.Collected = k.TicketCost;
+        return number;
+    }
+
+    TranTicket& Tran(int i) { return Betting.TranTickets(i); }
 
     FakeWorld world;
 };

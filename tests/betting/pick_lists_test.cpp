@@ -2,12 +2,12 @@
 // coupled entries in one entry by betting number; scratched racers marked and still pickable;
 // picks packed from Pick(1); lists filled again only where the type or race asks for it.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class PickLists : public BettingCard {
+class PickLists : public TicketCard {
   protected:
     void Open() {
         NewTicket(1, 1);

@@ -2,15 +2,15 @@
 // amounts, Cancel Tckt with its question, the rollback of an unchanged ticket, and the numbers
 // that new tickets get across Close, cancels and tickets accepted empty.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class TicketFlow : public BettingCard {
+class TicketFlow : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         Ticket(1, 2, {{1, 2, {3}}, {2, 3, {5}}});  // ticket 1
         Ticket(2, 3, {{1, 5, {1}}});               // ticket 2
         StartTransaction();

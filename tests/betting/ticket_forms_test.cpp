@@ -3,7 +3,7 @@
 // the picks pop-up that any key closes.
 
 // The card helper first: it names a variable as Qt names its slots keyword.
-#include "betting_card.h"
+#include "ticket_card.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -22,10 +22,10 @@
 namespace tt::test {
 namespace {
 
-class TicketForms : public BettingCard {
+class TicketForms : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         Ticket(1, 2, {{1, 2, {3}}, {4, 1, {1, 2}}});  // ticket 1, race 1
         Ticket(3, 3, {{1, 5, {2}}});                  // ticket 2, race 3 with results
         Ticket(2, 1, {{1, 2, {1}}});                  // ticket 3

@@ -2,15 +2,15 @@
 // of Cash/Collect for one ticket and for several, and what each mode puts into the
 // transaction.
 
-#include "betting_card.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
 
-class TicketHeader : public BettingCard {
+class TicketHeader : public TicketCard {
   protected:
     void SetUp() override {
-        BettingCard::SetUp();
+        TicketCard::SetUp();
         // 1: Alice, race 1, open.  2: bob, race 3, won 7.50.  3: Carmen, race 1, 4.00 not
         // collected.  4: Alice, race 2, settled.  5: no longer counts.
         Ticket(1, 1, {{1, 2, {3}}, {11, 1, {5}}});
