@@ -24,6 +24,8 @@ const std::string kCommandList =
     "  settle   Record a race's result, settle its payouts and save the card.\n"
     "  payouts  Print a race's payouts as the payout display shows them.\n"
     "  recent   Put a card at the top of the program's recent files.\n"
+    "  sell     Sell a new ticket at the betting window and save the card.\n"
+    "  cash     Cash or collect a ticket at the betting window and save the card.\n"
     "\n"
     "Every message box the program would show is printed to stderr.\n"
     "Exit status: 0 success, 1 failed or refused, 2 bad usage.\n";
