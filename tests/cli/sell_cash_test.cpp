@@ -239,8 +239,9 @@ TEST_F(SellCash, ACardWithoutRacersHasNoBettingWindow) {
     WriteFile(in, SavedCard("Empty", true));
     TallyRun r = Tally({"sell", in, "--race", "1", "--bettor", "A", "--bet", "2 W 1"});
     EXPECT_EQ(r.rc, 1);
+    // After the recovery file's warning where the card names one that is not there.
     const std::string refusal =
-        "\nRace card must be set up before placing bets\r\n"
+        "Race card must be set up before placing bets\r\n"
         "Please set this parameter using Tools/Setup Race Card\n";
     ASSERT_GE(r.err.size(), refusal.size());
     EXPECT_EQ(r.err.substr(r.err.size() - refusal.size()), refusal) << r.err;
