@@ -2,8 +2,8 @@
 // the two boxes after a repeated pick, and the error when the third list has no choice; the
 // bet written into the ticket's list; loading a bet of the list back and deleting it.
 
-#include "ticket_card.h"
 #include "model/app_error.h"
+#include "ticket_card.h"
 
 namespace tt::test {
 namespace {
