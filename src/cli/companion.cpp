@@ -15,14 +15,15 @@ Command InfoCommand();
 Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
+Command OddsCommand();
 Command RecentCommand();
 Command SellCommand();
 Command CashCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(),
-        RecentCommand(), SellCommand(),   CashCommand(),
+        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(),
+        OddsCommand(), RecentCommand(), SellCommand(),   CashCommand(),
     };
     return commands;
 }

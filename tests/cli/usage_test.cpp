@@ -23,6 +23,7 @@ const std::string kCommandList =
     "  resave   Read a card and save it again with the program's writer.\n"
     "  settle   Record a race's result, settle its payouts and save the card.\n"
     "  payouts  Print a race's payouts as the payout display shows them.\n"
+    "  odds     Print a race's pools or odds as the odds display shows them.\n"
     "  recent   Put a card at the top of the program's recent files.\n"
     "  sell     Sell a new ticket at the betting window and save the card.\n"
     "  cash     Cash or collect a ticket at the betting window and save the card.\n"
