@@ -156,6 +156,44 @@ TEST_F(PickLists, ChangingTheTypeRefillsOnlyTheListsWhoseRaceChanged) {
     EXPECT_EQ(PlaceBetsLogic::LastPickRace, 1);
 }
 
+TEST_F(PickLists, EnterMovesOnAfterAChoiceAndFromAnEmptyListOnlyPastTheNeededPicks) {
+    Open();
+    TypeAmount(p, "2");
+    TypeKey(p, 'E');
+    p.chkBoxed.value = 1;
+    p.chkBoxed_Click();
+    TypePick(p, 1, 3);
+    p.comPick_KeyUp(1, 13);
+    EXPECT_EQ(p.focus, "comPick(2)");
+    p.focus.clear();
+    p.comPick_KeyUp(2, 13);
+    EXPECT_EQ(p.focus, "") << "an Exacta needs a second pick";
+    p.comPick_KeyUp(3, 13);
+    EXPECT_EQ(p.focus, "cmdAcceptBet");
+    // The key up of an Enter that closed a box does nothing.
+    p.focus.clear();
+    G.CancelFlag = true;
+    p.comPick_KeyUp(1, 13);
+    EXPECT_EQ(p.focus, "");
+    G.CancelFlag = false;
+    // A Win bet moves on from the second list, and from the first once chosen.
+    TypeKey(p, 'W');
+    p.comPick_KeyUp(1, 13);
+    EXPECT_EQ(p.focus, "cmdAcceptBet");
+    // The type list: Enter goes to Boxed for an Exacta, to the first pick otherwise; other keys
+    // beep and go no further.
+    TypeKey(p, 'E');
+    p.comBetType_KeyUp(13);
+    EXPECT_EQ(p.focus, "chkBoxed");
+    TypeKey(p, '4');
+    EXPECT_EQ(p.BetType, 0) << "Pick 4 is not offered in this race";
+    int key = 'x';
+    const int beeps = world.messages.beeps;
+    p.comBetType_KeyPress(key);
+    EXPECT_EQ(key, 0);
+    EXPECT_EQ(world.messages.beeps, beeps + 1);
+}
+
 TEST_F(PickLists, ATypeTheRaceDoesNotOfferIsNoType) {
     NewTicket(2, 1);
     p.Form_Load();
