@@ -39,6 +39,10 @@ frmBetDisplay::frmBetDisplay(QWidget* parent) : QDialog(parent) {
     flxPicks->setMinimumSize(width + 8, Twips(1800));
 }
 
+frmBetDisplay::~frmBetDisplay() {
+    // The grid goes with the logic, before the view that shows it.
+    model_->SetGrid(nullptr);
+}
 void frmBetDisplay::Close() {
     logic.Form_Click();
     if (logic.unloaded) accept();

@@ -18,6 +18,7 @@ class frmBetDisplay : public QDialog {
 
   public:
     explicit frmBetDisplay(QWidget* parent = nullptr);
+    ~frmBetDisplay() override;
 
     BetDisplayLogic logic;
 

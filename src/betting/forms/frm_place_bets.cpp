@@ -245,6 +245,10 @@ frmPlaceBets::frmPlaceBets(QWidget* parent) : QDialog(parent) {
     Run([&] { logic.Form_Load(); });
 }
 
+frmPlaceBets::~frmPlaceBets() {
+    // The grid goes with the logic, before the view that shows it.
+    model_->SetGrid(nullptr);
+}
 void frmPlaceBets::Run(const std::function<void()>& event) {
     if (refreshing_) return;
     Guard(this, false, event);

@@ -27,6 +27,7 @@ class frmPlaceBets : public QDialog {
 
   public:
     explicit frmPlaceBets(QWidget* parent = nullptr);
+    ~frmPlaceBets() override;
 
     PlaceBetsLogic logic;
     void Refresh();

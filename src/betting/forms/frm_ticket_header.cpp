@@ -161,6 +161,10 @@ frmTicketHeader::frmTicketHeader(QWidget* parent) : QDialog(parent) {
         resize(sizeHint().width() + Twips(1500), sizeHint().height() + Twips(1200));
 }
 
+frmTicketHeader::~frmTicketHeader() {
+    // The grid goes with the logic, before the view that shows it.
+    model_->SetGrid(nullptr);
+}
 int frmTicketHeader::exec() {
     // A window that had nothing to offer went at once.
     if (logic.unloaded) return QDialog::Rejected;

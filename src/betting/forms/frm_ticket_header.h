@@ -25,6 +25,7 @@ class frmTicketHeader : public QDialog {
 
   public:
     explicit frmTicketHeader(QWidget* parent = nullptr);
+    ~frmTicketHeader() override;
 
     TicketHeaderLogic logic;
     void Refresh();
