@@ -17,11 +17,13 @@ Command SettleCommand();
 Command PayoutsCommand();
 Command OddsCommand();
 Command RecentCommand();
+Command SellCommand();
+Command CashCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(),    ResaveCommand(), SettleCommand(),
-        PayoutsCommand(), OddsCommand(),   RecentCommand(),
+        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(),
+        OddsCommand(), RecentCommand(), SellCommand(),   CashCommand(),
     };
     return commands;
 }

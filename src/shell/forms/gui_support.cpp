@@ -25,6 +25,7 @@
 
 #include "model/app_error.h"
 #include "model/error_path.h"
+#include "model/window_placement.h"
 #include "shell/forms/qt_printer.h"
 #include "shell/window_fit.h"
 
@@ -123,6 +124,41 @@ void Apply(QLineEdit* edit, const ControlState& s) {
                                    ? QApplication::palette().color(QPalette::Base)
                                    : ColorOf(s.backColor));
     edit->setPalette(p);
+}
+
+QWidget* KeptPlacement::Frame() const {
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(form_->parentWidget())) return sub;
+    return form_;
+}
+
+void KeptPlacement::Restore() {
+    if (placed_) return;
+    placed_ = true;
+    QWidget* frame = Frame();
+    Placement p;
+    Guard(form_, false, [&] { p = RestoreWindowPlacement(prefix_); });
+    if (withSize_ && p.width > 0 && p.height > 0)
+        frame->resize(std::max(Twips(p.width), frame->minimumSizeHint().width()),
+                      std::max(Twips(p.height), frame->minimumSizeHint().height()));
+    else
+        frame->resize(frame->sizeHint());
+    frame->move(Twips(p.left), Twips(p.top));
+    // A place kept in a larger main window, or on a monitor since unplugged, is brought back.
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(frame))
+        KeepInArea(sub);
+    else
+        KeepOnScreen(frame);
+}
+
+void KeptPlacement::Save() {
+    QWidget* frame = Frame();
+    if (!placed_ || frame->isMinimized() || frame->isMaximized()) return;
+    const QRect g = frame->geometry();
+    Guard(form_, false, [&] {
+        SaveWindowPlacement(
+            prefix_, {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())},
+            withSize_);
+    });
 }
 
 void GridModel::SetGrid(const GridData* grid) {
