@@ -7,14 +7,18 @@
 #include <QAbstractButton>
 #include <QAbstractScrollArea>
 #include <QApplication>
+#include <QCheckBox>
 #include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMessageBox>
+#include <QRadioButton>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTextDocument>
+#include <QToolButton>
 
 #include "files/race_file_io.h"
 #include "model/race_file.h"
@@ -68,7 +72,23 @@ void ExpectCaptionsWhole(QWidget* window, const std::string& where) {
         } else if (auto* b = qobject_cast<QAbstractButton*>(w)) {
             text = Shown(b->text());
             if (text.isEmpty()) continue;
-            need = b->minimumSizeHint().boundedTo(b->sizeHint());
+            // The text, beside the box or circle of a check box or option, or within a button's
+            // margins.
+            auto* tool = qobject_cast<QToolButton*>(b);
+            if (tool && tool->toolButtonStyle() == Qt::ToolButtonIconOnly) continue;
+            QStyle* st = b->style();
+            int extra = 2 * st->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, b);
+            if (qobject_cast<QCheckBox*>(b))
+                extra = st->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, b) +
+                        st->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, b);
+            else if (qobject_cast<QRadioButton*>(b))
+                extra = st->pixelMetric(QStyle::PM_ExclusiveIndicatorWidth, nullptr, b) +
+                        st->pixelMetric(QStyle::PM_RadioButtonLabelSpacing, nullptr, b);
+            if (!b->icon().isNull()) extra += b->iconSize().width() + 4;
+            int widest = 0;
+            const QStringList lines = text.split('\n');
+            for (const QString& line : lines) widest = std::max(widest, fm.horizontalAdvance(line));
+            need = QSize(widest + extra, fm.height() * int(lines.size()));
         } else if (auto* g = qobject_cast<QGroupBox*>(w)) {
             text = Shown(g->title());
             if (text.isEmpty()) continue;
