@@ -5,6 +5,7 @@
 #include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
+#include "reports/list_bets_logic.h"
 
 namespace tt {
 
@@ -46,6 +47,7 @@ void mnuEditResults_Click() {
 }
 
 void mnuViewListBets_Click() {
+    WinnersOnly = false;
     Shell().ShowForm("frmListBets", false);
 }
 
