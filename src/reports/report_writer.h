@@ -52,7 +52,7 @@ std::vector<int> RacersInCardOrder(int race);
 // The line naming the maker, under the program's name at the top of every page.
 inline constexpr const char* kMakerLine = "Race-day betting for friends";
 // The lines the page header takes.
-inline constexpr int kHeaderLines = 8;
+inline constexpr int kHeaderLines = 7;
 
 class ReportWriter {
   public:
