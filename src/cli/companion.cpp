@@ -16,10 +16,13 @@ Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
 Command RecentCommand();
+Command ListCommand();
+Command ReportCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(), RecentCommand(),
+        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(),
+        RecentCommand(), ListCommand(),   ReportCommand(),
     };
     return commands;
 }

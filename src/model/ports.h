@@ -130,7 +130,7 @@ class PrinterPort {
         (void)report;
         return false;
     }
-    virtual bool PrintToPdf(const std::string& path, const Report& report) {
+    virtual bool SaveAsPdf(const std::string& path, const Report& report) {
         (void)path;
         (void)report;
         return false;

@@ -167,7 +167,7 @@ void PrintLogic::Send(Output output) {
             bool saved;
             {
                 BusyPointer busy;
-                saved = Printer().PrintToPdf(*path, report);
+                saved = Printer().SaveAsPdf(*path, report);
             }
             if (!saved) {
                 Beep();

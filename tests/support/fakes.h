@@ -130,7 +130,7 @@ class RecordingPrinter : public PrinterPort {
         }
         return true;
     }
-    bool PrintToPdf(const std::string& path, const Report& report) override {
+    bool SaveAsPdf(const std::string& path, const Report& report) override {
         if (!pdfAnswer) return false;
         lines.push_back("<pdf " + path + ">");
         report(*this);
