@@ -30,6 +30,8 @@ int List(Context& c) {
     ConsoleWorld world(c.err, Policy::kCancel);
     if (!Open(world, files[1].toStdString())) return 1;
     WinnersOnly = c.parser.isSet("winners");
+    // The bettor the file reader ended on is no choice of the host's: all bettors.
+    G.CurrentBettor = 0;
     ListBetsLogic list;
     try {
         list.Form_Load();

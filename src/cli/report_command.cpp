@@ -105,6 +105,8 @@ int Report(Context& c) {
         ListBetsLogic list;
         std::unique_ptr<ShownListBetsScope> shown;
         if (kind->second == PrintLogic::kListedBets) {
+            // The bettor the file reader ended on is no choice of the host's: all bettors.
+            G.CurrentBettor = 0;
             list.Form_Load();
             shown = std::make_unique<ShownListBetsScope>(&list);
             world.shell.activeChild = "frmListBets";
