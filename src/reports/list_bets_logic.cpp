@@ -94,6 +94,7 @@ void ListBetsLogic::SetUpGrid() {
         flxBets.SetColWidth(c, kWidths[static_cast<std::size_t>(c)]);
     }
     for (int c = kColCollected; c <= kColBetAmt; ++c) flxBets.SetColAlignment(c, CellAlign::kRight);
+    flxBets.SetColAlignment(kColPicks, CellAlign::kLeft);
 }
 
 void ListBetsLogic::Form_Load() {

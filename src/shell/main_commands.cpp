@@ -6,6 +6,7 @@
 #include "model/ports.h"
 #include "model/race_file.h"
 #include "reports/list_bets_logic.h"
+#include "reports/print_logic.h"
 
 namespace tt {
 
@@ -65,6 +66,15 @@ void mnuToolsRestore_Click() {
 }
 
 void mnuFilePrint_Click() {
+    Shell().ShowForm("frmPrint", true);
+}
+
+void mnuFilePrintToFile_Click() {
+    // The Print window once more, its OK saving the report as a PDF file.
+    PrintToFile = true;
+    struct Reset {
+        ~Reset() { PrintToFile = false; }
+    } reset;
     Shell().ShowForm("frmPrint", true);
 }
 

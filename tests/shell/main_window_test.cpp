@@ -77,6 +77,7 @@ const std::vector<std::string> kFileOpen = {"tbSave",
                                             "mnuFileClose",
                                             "mnuFilePageSetup",
                                             "mnuFilePrint",
+                                            "mnuFilePrintToFile",
                                             "mnuFileSave",
                                             "mnuFileSaveAs",
                                             "mnuWindowCascade",
@@ -90,8 +91,8 @@ const std::vector<std::string> kRace = {
     "tbPlaceBets",           "tbListBets",       "tbDisplayOdds",   "tbDisplayPayouts",
     "tbEditResults",         "mnuEditPlaceBets", "mnuViewListBets", "mnuViewDisplayOdds",
     "mnuViewDisplayPayouts", "mnuEditResults"};
-const std::vector<std::string> kHidden = {"mnuFilePrintToFile", "mnuToolsRaceCardFile",
-                                          "mnuToolsImportRaces", "mnuToolsResetMax"};
+const std::vector<std::string> kHidden = {"mnuToolsRaceCardFile", "mnuToolsImportRaces",
+                                          "mnuToolsResetMax"};
 
 class MainWindow : public ::testing::Test {
   protected:

@@ -1,0 +1,121 @@
+// Takes the pictures of the bet listing and the reports: list-bets.png (List Bets on all races
+// for one bettor), list-bets-win.png (the same race filtered to Win, Across the Board at a third),
+// and print.png (the Print window).
+// Usage: make-report-screenshots CARD.tly OUTDIR
+//
+// Run it on a display (scripts/screenshots-reports.sh runs it under Xvfb).
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QPixmap>
+#include <QTimer>
+#include <cstdio>
+
+#include "files/race_file_io.h"
+#include "model/common.h"
+#include "model/race_file.h"
+#include "reports/forms/frm_list_bets.h"
+#include "reports/forms/frm_print.h"
+#include "shell/forms/form_registry.h"
+#include "shell/forms/frm_main.h"
+#include "shell/forms/gui_support.h"
+#include "shell/main_commands.h"
+#include "shell/startup.h"
+
+using namespace tt;
+
+namespace {
+
+// No box may wait for a click here: each is reported and answered with its default.
+class Messages : public MessagePort {
+  public:
+    int Show(const MessageRequest& r) override {
+        std::fprintf(stderr, "make-report-screenshots: message: %s\n", r.text.c_str());
+        return r.buttons == Buttons::kYesNo || r.buttons == Buttons::kYesNoCancel ? kYes : kOK;
+    }
+    void Beep() override {}
+};
+
+void Settle() {
+    for (int i = 0; i < 5; ++i) {
+        QApplication::processEvents();
+        QApplication::sendPostedEvents();
+    }
+}
+
+bool Save(QWidget* w, const QString& path) {
+    Settle();
+    if (!w->grab().save(path)) {
+        std::fprintf(stderr, "make-report-screenshots: cannot write %s\n", qPrintable(path));
+        return false;
+    }
+    return true;
+}
+
+// Chooses an entry of a filter as a click does.
+void Choose(QComboBox* box, std::int64_t data) {
+    const int index = box->findData(QVariant::fromValue<qlonglong>(data));
+    box->setCurrentIndex(index);
+    emit box->activated(index);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: make-report-screenshots CARD.tly OUTDIR\n");
+        return 2;
+    }
+    const QString out = QString::fromLocal8Bit(argv[2]);
+    QDir().mkpath(out);
+
+    Messages messages;
+    auto settings = MakeMemorySettings();
+    auto clock = MakeSystemClock();
+    auto random = MakeSystemRandom();
+    auto files = MakeRealFileSystem();
+    auto printer = gui::MakePrinter();
+    Ports ports;
+    ports.message = &messages;
+    ports.settings = settings.get();
+    ports.clock = clock.get();
+    ports.random = random.get();
+    ports.files = files.get();
+    ports.printer = printer.get();
+    PortsScope scope(ports);
+    gui::RegisterShellForms();
+    gui::RegisterReportForms();
+
+    gui::frmMain main;
+    CurrentPorts().shell = &main;
+    settings->Set("MainWidth", "19500");
+    settings->Set("MainHeight", "12000");
+    main.MDIForm_Load();
+    PrepareDocument();
+    main.show();
+    main.MdiArea()->closeAllSubWindows();
+    G.FilePath = argv[1];
+    OpenRaceFile();
+    if (RF.FileName.empty()) return 1;
+    Settle();
+
+    mnuViewListBets_Click();
+    auto* list = main.findChild<gui::frmListBets*>();
+    if (!list) return 1;
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(list->parentWidget())) sub->showMaximized();
+    auto* race = list->findChild<QComboBox*>("comRaceName");
+    auto* bettor = list->findChild<QComboBox*>("comBettor");
+    auto* type = list->findChild<QComboBox*>("comBetType");
+    Choose(race, 0);
+    Choose(bettor, 0);
+    if (!Save(&main, out + "/list-bets.png")) return 1;
+    Choose(race, 2);
+    Choose(type, 1);
+    if (!Save(&main, out + "/list-bets-win.png")) return 1;
+    Choose(type, 0);
+    return 0;
+}
