@@ -158,6 +158,8 @@ frmListBets::frmListBets(QWidget* parent) : QWidget(parent) {
             [this] { Run([this] { logic.cmdCancel_Click(); }); });
 
     Run([this] { logic.Form_Load(); });
+    // Coming to the front as the window opens needs no second build of what the load built.
+    QTimer::singleShot(0, this, [this] { freshlyLoaded_ = false; });
 }
 
 void frmListBets::Run(const std::function<void()>& event) {
@@ -217,14 +219,10 @@ void frmListBets::RefreshContents() {
 }
 
 void frmListBets::ScheduleActivate() {
-    if (activatePending_) return;
+    if (activatePending_ || freshlyLoaded_) return;
     activatePending_ = true;
     QTimer::singleShot(0, this, [this] {
         activatePending_ = false;
-        if (freshlyLoaded_) {
-            freshlyLoaded_ = false;
-            return;
-        }
         Run([this] { logic.Form_Activate(); });
     });
 }

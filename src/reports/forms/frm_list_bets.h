@@ -62,7 +62,7 @@ class frmListBets : public QWidget {
     bool refreshing_ = false;
     bool activatePending_ = false;
     bool placed_ = false;
-    // The list was just built by the load: the first coming to the front needs no rebuild.
+    // The list was just built by the load, in this turn of the event loop.
     bool freshlyLoaded_ = true;
 };
 
