@@ -1,6 +1,8 @@
 // Takes the pictures of the bet listing and the reports: list-bets.png (List Bets on all races
-// for one bettor), list-bets-win.png (the same race filtered to Win, Across the Board at a third),
-// and print.png (the Print window).
+// and bettors), list-bets-win.png (race 2 filtered to Win: Across the Board at a third, the
+// tickets' money hidden), print.png (the Print window), and the print preview of each report
+// as the Print window's Preview... shows it: preview-card.png, preview-bettors.png,
+// preview-bets.png (what List Bets shows) and preview-odds.png (race 3, all its parts).
 // Usage: make-report-screenshots CARD.tly OUTDIR
 //
 // Run it on a display (scripts/screenshots-reports.sh runs it under Xvfb).
@@ -8,17 +10,23 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPixmap>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QPushButton>
 #include <QTimer>
 #include <cstdio>
+#include <functional>
 
 #include "files/race_file_io.h"
 #include "model/common.h"
 #include "model/race_file.h"
 #include "reports/forms/frm_list_bets.h"
 #include "reports/forms/frm_print.h"
+#include "reports/forms/frm_select_race.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_main.h"
 #include "shell/forms/gui_support.h"
@@ -60,6 +68,35 @@ void Choose(QComboBox* box, std::int64_t data) {
     const int index = box->findData(QVariant::fromValue<qlonglong>(data));
     box->setCurrentIndex(index);
     emit box->activated(index);
+}
+
+// Runs `action` (which opens a modal window) while a timer answers the windows that come up:
+// Select Race to Print with the race given, then the print preview, whose picture is saved.
+bool PreviewShot(const std::function<void()>& action, int race, const QString& path) {
+    bool saved = false;
+    int shown = 0;
+    QTimer driver;
+    driver.setInterval(150);
+    QObject::connect(&driver, &QTimer::timeout, [&] {
+        QWidget* modal = QApplication::activeModalWidget();
+        if (auto* select = qobject_cast<gui::frmSelectRaceAndBetType*>(modal)) {
+            Choose(select->findChild<QComboBox*>("comRaceName"), race);
+            select->findChild<QPushButton*>("cmdOK")->click();
+        } else if (auto* preview = qobject_cast<QPrintPreviewDialog*>(modal)) {
+            if (shown++ == 0) {
+                preview->resize(1000, 860);
+                if (auto* pages = preview->findChild<QPrintPreviewWidget*>())
+                    pages->setZoomMode(QPrintPreviewWidget::FitToWidth);
+                return;
+            }
+            saved = Save(preview, path);
+            preview->reject();
+        }
+    });
+    driver.start();
+    action();
+    driver.stop();
+    return saved;
 }
 
 }  // namespace
@@ -117,5 +154,22 @@ int main(int argc, char** argv) {
     Choose(type, 1);
     if (!Save(&main, out + "/list-bets-win.png")) return 1;
     Choose(type, 0);
+    Choose(race, 1);
+
+    // The Print window, and each report in its preview.
+    gui::frmPrint print(&main);
+    print.show();
+    if (!Save(&print, out + "/print.png")) return 1;
+    auto* reports = print.findChild<QListWidget*>("lstReports");
+    auto* preview = print.findChild<QPushButton*>("cmdPreview");
+    const std::pair<int, const char*> shots[] = {
+        {1, "preview-card"}, {2, "preview-bettors"}, {3, "preview-bets"}, {4, "preview-odds"}};
+    for (const auto& [report, name] : shots) {
+        reports->setCurrentRow(report - 1);
+        if (!PreviewShot([&] { preview->click(); }, 3, out + "/" + name + ".png")) {
+            std::fprintf(stderr, "make-report-screenshots: no preview of report %d\n", report);
+            return 1;
+        }
+    }
     return 0;
 }
