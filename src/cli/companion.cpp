@@ -15,14 +15,15 @@ Command InfoCommand();
 Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
+Command OddsCommand();
 Command RecentCommand();
 Command ListCommand();
 Command ReportCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(),
-        RecentCommand(), ListCommand(),   ReportCommand(),
+        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(),
+        OddsCommand(), RecentCommand(), ListCommand(),   ReportCommand(),
     };
     return commands;
 }

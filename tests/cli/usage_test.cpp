@@ -23,7 +23,10 @@ const std::string kCommandList =
     "  resave   Read a card and save it again with the program's writer.\n"
     "  settle   Record a race's result, settle its payouts and save the card.\n"
     "  payouts  Print a race's payouts as the payout display shows them.\n"
+    "  odds     Print a race's pools or odds as the odds display shows them.\n"
     "  recent   Put a card at the top of the program's recent files.\n"
+    "  list     Print the bets of a card as List Bets shows them, with their totals.\n"
+    "  report   Print one of the four reports as text, or save it as a PDF file.\n"
     "\n"
     "Every message box the program would show is printed to stderr.\n"
     "Exit status: 0 success, 1 failed or refused, 2 bad usage.\n";
