@@ -162,6 +162,16 @@ TEST_F(CompanionReports, ListedBetsAsListBetsOpens) {
               std::string::npos);
 }
 
+TEST_F(CompanionReports, OddsOfARaceAndAPartOfThem) {
+    const TallyRun r = Run({"report", "odds", "--race", "1", "--type", "1"});
+    EXPECT_EQ(r.rc, 0) << r.err;
+    const std::string title = "Betting Pool and Odds for Race #1 - Opener";
+    EXPECT_EQ(r.out.substr(0, Header(title, Today()).size()), Header(title, Today()));
+    EXPECT_NE(r.out.find("\n" + At({{4, "****  Win Odds  ****"}}) + "\n"), std::string::npos);
+    EXPECT_EQ(r.out.find("Betting Pools"), std::string::npos);
+    EXPECT_EQ(r.out.find("\f"), std::string::npos);
+}
+
 TEST_F(CompanionReports, RefusedFontsAndReports) {
     TallyRun r = Run({"report", "card", "--font-size", "1"});
     EXPECT_EQ(r.rc, 1);
