@@ -13,7 +13,8 @@ mkdir -p docs/reports
 tally=build/release/src/tally
 "$tally" report "$card" card --pdf docs/reports/race-card.pdf
 "$tally" report "$card" bettors --pdf docs/reports/bettors.pdf
-"$tally" report "$card" bets --pdf docs/reports/listed-bets.pdf
+# The listed bets are wide: at 7 points they fit a page upright.
+"$tally" report "$card" bets --font-size 7 --pdf docs/reports/listed-bets.pdf
 "$tally" report "$card" odds --race 3 --pdf docs/reports/odds-race-3.pdf
 # The PDFs as pictures, to look at; not kept.
 if [ "${KEEP_PNG:-}" = "1" ]; then
