@@ -61,6 +61,8 @@ int Report(Context& c) {
     // does not have is refused there, after the font has been looked at.
     world.shell.onShow = [&](const std::string& name) {
         if (name != "frmSelectRaceAndBetType") return;
+        // The race the file reader ended on is no choice of the host's: the default race.
+        G.CurrentRace = 0;
         SelectRaceAndBetTypeLogic select;
         select.Form_Load();
         if (c.parser.isSet("race")) {
@@ -146,8 +148,8 @@ Command ReportCommand() {
                     {"pdf", "Save the pages as a PDF file instead.", "OUT.pdf"}},
         .details =
             "The text is the printed page one character a column, the columns laid out with "
-            "blanks; a new page starts with a form feed. The odds report opens on the card's "
-            "current race, or its default race, and prints all its parts unless told.",
+            "blanks; a new page starts with a form feed. The odds report is of the card's "
+            "default race unless told, and prints all its parts unless told.",
         .run = Report,
     };
 }

@@ -170,6 +170,10 @@ TEST_F(CompanionReports, OddsOfARaceAndAPartOfThem) {
     EXPECT_NE(r.out.find("\n" + At({{4, "****  Win Odds  ****"}}) + "\n"), std::string::npos);
     EXPECT_EQ(r.out.find("Betting Pools"), std::string::npos);
     EXPECT_EQ(r.out.find("\f"), std::string::npos);
+    // Without --race, the card's default race, whatever race the file ends on.
+    const TallyRun pools = Run({"report", "odds", "--type", "99"});
+    EXPECT_EQ(pools.rc, 0) << pools.err;
+    EXPECT_NE(pools.out.find(title), std::string::npos);
 }
 
 TEST_F(CompanionReports, RefusedFontsAndReports) {
