@@ -149,6 +149,11 @@ frmTransaction::frmTransaction(QWidget* parent) : QWidget(parent) {
     Run([this] { logic.Form_Load(); });
 }
 
+frmTransaction::~frmTransaction() {
+    // The grids go with the logic, before the views that show them.
+    model_->SetGrid(nullptr);
+}
+
 void frmTransaction::Run(const std::function<void()>& event) {
     if (refreshing_) return;
     Guard(this, false, event);

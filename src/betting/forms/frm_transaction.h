@@ -22,6 +22,7 @@ class frmTransaction : public QWidget {
 
   public:
     explicit frmTransaction(QWidget* parent = nullptr);
+    ~frmTransaction() override;
 
     TransactionLogic logic;
     void Refresh();

@@ -177,6 +177,12 @@ frmDisplayPayouts::frmDisplayPayouts(QWidget* parent)
     Run([this] { logic.Form_Load(); });
 }
 
+frmDisplayPayouts::~frmDisplayPayouts() {
+    // The grids go with the logic, before the views that show them.
+    wpsModel_->SetGrid(nullptr);
+    payoutsModel_->SetGrid(nullptr);
+}
+
 void frmDisplayPayouts::Run(const std::function<void()>& event) {
     if (refreshing_) return;
     Guard(this, false, event);

@@ -29,6 +29,7 @@ class frmDisplayPayouts : public QWidget {
 
   public:
     explicit frmDisplayPayouts(QWidget* parent = nullptr);
+    ~frmDisplayPayouts() override;
 
     DisplayPayoutsLogic logic;
     void Refresh();
