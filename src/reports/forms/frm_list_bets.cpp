@@ -162,6 +162,11 @@ frmListBets::frmListBets(QWidget* parent) : QWidget(parent) {
     QTimer::singleShot(0, this, [this] { freshlyLoaded_ = false; });
 }
 
+frmListBets::~frmListBets() {
+    // The grid goes with the logic, before the view that shows it.
+    model_->SetGrid(nullptr);
+}
+
 void frmListBets::Run(const std::function<void()>& event) {
     if (refreshing_) return;
     Guard(this, false, event);

@@ -24,6 +24,7 @@ class frmListBets : public QWidget {
 
   public:
     explicit frmListBets(QWidget* parent = nullptr);
+    ~frmListBets() override;
 
     ListBetsLogic logic;
     void Refresh();
