@@ -17,13 +17,15 @@ Command SettleCommand();
 Command PayoutsCommand();
 Command OddsCommand();
 Command RecentCommand();
+Command SellCommand();
+Command CashCommand();
 Command ListCommand();
 Command ReportCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(),
-        OddsCommand(), RecentCommand(), ListCommand(),   ReportCommand(),
+        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(), OddsCommand(),
+        RecentCommand(), SellCommand(),   CashCommand(),   ListCommand(),    ReportCommand(),
     };
     return commands;
 }

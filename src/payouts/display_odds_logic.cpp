@@ -15,15 +15,6 @@
 namespace tt {
 
 namespace {
-// A kept placement value; missing or not a number gives the fallback.
-double PlacementSetting(const char* key, double fallback) {
-    auto v = Settings().Get(key);
-    if (!v) return fallback;
-    auto f = ParseDoubleField(*v);
-    if (v->empty() || !f || !std::isfinite(*f)) return fallback;
-    return *f;
-}
-
 void SetOption(ControlState& on, ControlState& off) {
     on.value = -1;
     off.value = 0;
@@ -55,22 +46,6 @@ DisplayOddsLogic::DisplayOddsLogic() {
     optAutoRaceSelected.value = -1;
     txtInterval.text = "5";
     cmdCancel.text = "Close";
-}
-
-DisplayOddsLogic::Placement DisplayOddsLogic::RestorePlacement() {
-    Placement p;
-    p.left = PlacementSetting("OddsLeft", p.left);
-    p.top = PlacementSetting("OddsTop", p.top);
-    p.width = std::max(0.0, PlacementSetting("OddsWidth", 0));
-    p.height = std::max(0.0, PlacementSetting("OddsHeight", 0));
-    return p;
-}
-
-void DisplayOddsLogic::SavePlacement(const Placement& p) {
-    Settings().Set("OddsLeft", NumText(p.left));
-    Settings().Set("OddsTop", NumText(p.top));
-    Settings().Set("OddsWidth", NumText(p.width));
-    Settings().Set("OddsHeight", NumText(p.height));
 }
 
 void DisplayOddsLogic::Form_Load() {

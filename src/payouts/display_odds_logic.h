@@ -54,15 +54,9 @@ class DisplayOddsLogic : public FormState {
     // rows in view; 0 when every row down to the last is in view.
     int FirstRowNotVisible() const;
 
-    // The window's place in twips, kept in "OddsLeft", "OddsTop", "OddsWidth", "OddsHeight".
-    // Left and top default to 1000; a width or height of 0 means none is kept, and the window
-    // keeps the size of its design. A value that is not a number counts as missing.
-    struct Placement {
-        double left = 1000, top = 1000, width = 0, height = 0;
-    };
-    static Placement RestorePlacement();
-    // Written when the window closes, unless it is minimised or maximised.
-    static void SavePlacement(const Placement& p);
+    // The window keeps its place and size in "OddsLeft", "OddsTop", "OddsWidth" and
+    // "OddsHeight".
+    static constexpr const char* kPlacementKeys = "Odds";
 
     // The board's title strip: the race as the race list shows it, what the grid shows, and
     // the time of the last refresh, "Updated hh:mm:ss".

@@ -25,6 +25,8 @@ const std::string kCommandList =
     "  payouts  Print a race's payouts as the payout display shows them.\n"
     "  odds     Print a race's pools or odds as the odds display shows them.\n"
     "  recent   Put a card at the top of the program's recent files.\n"
+    "  sell     Sell a new ticket at the betting window and save the card.\n"
+    "  cash     Cash or collect a ticket at the betting window and save the card.\n"
     "  list     Print the bets of a card as List Bets shows them, with their totals.\n"
     "  report   Print one of the four reports as text, or save it as a PDF file.\n"
     "\n"

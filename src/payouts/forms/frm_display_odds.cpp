@@ -403,33 +403,10 @@ void frmDisplayOdds::Unload() {
         close();
 }
 
-void frmDisplayOdds::SavePlacement() {
-    if (placementSaved_ || !placed_) return;
-    placementSaved_ = true;
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    if (frame->isMinimized() || frame->isMaximized()) return;
-    const QRect g = frame->geometry();
-    Guard(this, false, [&] {
-        DisplayOddsLogic::SavePlacement(
-            {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())});
-    });
-}
-
 void frmDisplayOdds::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (placed_) return;
-    placed_ = true;
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    DisplayOddsLogic::Placement p;
-    Guard(this, false, [&] { p = DisplayOddsLogic::RestorePlacement(); });
-    if (p.width > 0 && p.height > 0)
-        frame->resize(std::max(Twips(p.width), frame->minimumSizeHint().width()),
-                      std::max(Twips(p.height), frame->minimumSizeHint().height()));
-    else
-        frame->resize(frame->sizeHint());
-    frame->move(Twips(p.left), Twips(p.top));
+    if (placement_.Placed()) return;
+    placement_.Restore();
     FillScreens();
 }
 
@@ -439,7 +416,7 @@ void frmDisplayOdds::resizeEvent(QResizeEvent* event) {
 }
 
 void frmDisplayOdds::closeEvent(QCloseEvent* event) {
-    SavePlacement();
+    placement_.Save();
     Timer1->stop();
     SetBoard(false);
     event->accept();

@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "payouts/display_odds_logic.h"
+#include "shell/forms/gui_support.h"
 
 class QCheckBox;
 class QComboBox;
@@ -53,7 +54,6 @@ class frmDisplayOdds : public QWidget {
 
   private:
     void Run(const std::function<void()>& event);
-    void SavePlacement();
     void Unload();
     // The rows the grid in view shows whole: the window's grid, or the board's page.
     void TellVisibleRows();
@@ -91,8 +91,7 @@ class frmDisplayOdds : public QWidget {
     std::int64_t topShown_ = -1;
     bool refreshing_ = false;
     bool ticking_ = false;
-    bool placed_ = false;
-    bool placementSaved_ = false;
+    KeptPlacement placement_{this, DisplayOddsLogic::kPlacementKeys, true};
 };
 
 // For `--board`: once a card with a race is open, Display Odds opens on the main window and
