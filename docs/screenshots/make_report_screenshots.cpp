@@ -1,5 +1,6 @@
 // Takes the pictures of the bet listing and the reports: list-bets.png (List Bets on all races
-// and bettors), list-bets-win.png (race 2 filtered to Win: Across the Board at a third, the
+// and bettors), list-bets-bet.png (a bet clicked in it, its picks by name over the list),
+// list-bets-win.png (race 2 filtered to Win: Across the Board at a third, the
 // tickets' money hidden), print.png (the Print window), and the print preview of each report
 // as the Print window's Preview... shows it: preview-card.png, preview-bettors.png,
 // preview-bets.png (what List Bets shows) and preview-odds.png (race 3, all its parts).
@@ -13,10 +14,12 @@
 #include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
+#include <QPainter>
 #include <QPixmap>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QPushButton>
+#include <QTableView>
 #include <QTimer>
 #include <cstdio>
 #include <functional>
@@ -125,6 +128,7 @@ int main(int argc, char** argv) {
     ports.printer = printer.get();
     PortsScope scope(ports);
     gui::RegisterShellForms();
+    gui::RegisterBettingForms();
     gui::RegisterReportForms();
 
     gui::frmMain main;
@@ -150,6 +154,30 @@ int main(int argc, char** argv) {
     Choose(race, 0);
     Choose(bettor, 0);
     if (!Save(&main, out + "/list-bets.png")) return 1;
+
+    // A click on the boxed Exacta of ticket 4: its picks by name over the list, whose cells
+    // from Tot Bet on show the bet as chosen.
+    auto* view = list->Grid();
+    bool shot = false;
+    QTimer::singleShot(600, [&] {
+        QWidget* shown = QApplication::activeModalWidget();
+        if (!shown) return;
+        Settle();
+        QPixmap picture = main.grab();
+        QPainter paint(&picture);
+        paint.drawPixmap(shown->mapToGlobal(QPoint()) - main.mapToGlobal(QPoint()), shown->grab());
+        paint.end();
+        shot = picture.save(out + "/list-bets-bet.png");
+        shown->close();
+    });
+    for (int row = 0; row < view->model()->rowCount(); ++row) {
+        const QModelIndex index = view->model()->index(row, ListBetsLogic::kColBox);
+        if (index.data().toString().trimmed() == "x") {
+            emit view->clicked(index);
+            break;
+        }
+    }
+    if (!shot) return 1;
     Choose(race, 2);
     Choose(type, 1);
     if (!Save(&main, out + "/list-bets-win.png")) return 1;
