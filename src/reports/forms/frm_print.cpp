@@ -63,8 +63,11 @@ frmPrint::frmPrint(QWidget* parent) : QDialog(parent) {
     cmdOK->setDefault(true);
     grid->addLayout(buttons, 0, 1);
 
-    connect(lstReports, &QListWidget::currentRowChanged, this,
-            [this](int row) { logic.lstReports.SetListIndex(row); });
+    // The report chosen is the one shown selected, not merely the one the focus came to.
+    connect(lstReports, &QListWidget::itemSelectionChanged, this, [this] {
+        const QList<QListWidgetItem*> chosen = lstReports->selectedItems();
+        logic.lstReports.SetListIndex(chosen.isEmpty() ? -1 : lstReports->row(chosen.first()));
+    });
     connect(lstReports, &QListWidget::itemDoubleClicked, this,
             [this] { Run([this] { logic.lstReports_DblClick(); }); });
     connect(txtFontSize, &QLineEdit::textEdited, this,
