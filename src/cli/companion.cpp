@@ -19,11 +19,13 @@ Command OddsCommand();
 Command RecentCommand();
 Command SellCommand();
 Command CashCommand();
+Command ListCommand();
+Command ReportCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(),
-        OddsCommand(), RecentCommand(), SellCommand(),   CashCommand(),
+        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(), OddsCommand(),
+        RecentCommand(), SellCommand(),   CashCommand(),   ListCommand(),    ReportCommand(),
     };
     return commands;
 }

@@ -13,6 +13,7 @@ void mnuViewDisplayOdds_Click();
 void mnuViewDisplayPayouts_Click();
 void mnuToolsRestore_Click();
 void mnuFilePrint_Click();
+void mnuFilePrintToFile_Click();
 void mnuFilePageSetup_Click();
 
 // Runs with the main window's general error path around it.
