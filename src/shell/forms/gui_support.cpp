@@ -22,6 +22,7 @@
 #include <QSvgRenderer>
 #include <QTableView>
 #include <QTimer>
+#include <QWindow>
 
 #include "model/app_error.h"
 #include "model/error_path.h"
@@ -319,8 +320,12 @@ int TitleBarWidth(const QString& title) {
 void KeepOnScreen(QWidget* window) {
     std::vector<QRect> areas;
     for (QScreen* s : QGuiApplication::screens()) areas.push_back(s->availableGeometry());
-    const QRect frame = window->frameGeometry();
+    // The frame as the window system has it now: a widget learns of its frame only when it
+    // next moves.
     const QRect inner = window->geometry();
+    const QRect frame = window->windowHandle()
+                            ? inner.marginsAdded(window->windowHandle()->frameMargins())
+                            : window->frameGeometry();
     const QSize decoration = frame.size() - inner.size();
     const QRect fitted = FitOnScreens(frame, areas, window->minimumSize() + decoration);
     if (fitted == frame) return;
@@ -345,8 +350,31 @@ void MeasureAllPages(QWidget* window) {
     if (QLayout* l = window->layout()) l->activate();
 }
 
+namespace {
+// A window that sets a minimum size of its own gets at least what its layout needs, also when
+// its captions grow later.
+class LayoutFloor : public QObject {
+  public:
+    using QObject::QObject;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show) {
+            auto* w = static_cast<QWidget*>(watched);
+            const QSize own = w->minimumSize();
+            if (!own.isNull() && w->layout()) {
+                const QSize floor = own.expandedTo(w->layout()->totalMinimumSize());
+                if (floor != own) w->setMinimumSize(floor);
+            }
+        }
+        return false;
+    }
+};
+}  // namespace
+
 void KeepLayoutMinimum(QMdiSubWindow* child) {
     if (QLayout* layout = child->layout()) layout->setSizeConstraint(QLayout::SetMinimumSize);
+    if (QWidget* form = child->widget()) form->installEventFilter(new LayoutFloor(form));
 }
 
 namespace {

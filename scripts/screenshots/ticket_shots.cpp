@@ -2,14 +2,13 @@
 // Collect with a ticket chosen from the list) and place-bets.png (a new ticket with two bets
 // taken and a boxed Trifecta being typed). The keys are the host's: each window is worked with
 // the keyboard as at the counter.
-// Usage: make-ticket-screenshots CARD.tly OUTDIR
-//
-// Runs offscreen or on a display (scripts/screenshots-tickets.sh runs it under Xvfb).
+// Group "tickets" of make-screenshots.
 
 #include <QApplication>
 #include <QDir>
 #include <QTest>
 #include <cstdio>
+#include "shots.h"
 
 #include "betting/betting_state.h"
 #include "betting/forms/frm_place_bets.h"
@@ -65,16 +64,7 @@ int BettorNamed(const char* name) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setWindowIcon(gui::AppIcon());
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: make-ticket-screenshots CARD.tly OUTDIR\n");
-        return 2;
-    }
-    const QString out = QDir(argv[2]).absolutePath();
-    QDir().mkpath(out);
-
+int TicketShots(const QString& card, const QString& out) {
     Messages messages;
     auto clock = MakeSystemClock();
     auto random = MakeSystemRandom();
@@ -87,7 +77,7 @@ int main(int argc, char** argv) {
     PortsScope scope(ports);
     ResetProcessState();
     ResetBettingState();
-    G.FilePath = argv[1];
+    G.FilePath = card.toStdString();
     OpenRaceFile();
     if (RF.FileName.empty()) return 1;
     // As the betting window opens: the default race, no bettor chosen.

@@ -4,9 +4,7 @@
 // tickets' money hidden), print.png (the Print window), and the print preview of each report
 // as the Print window's Preview... shows it: preview-card.png, preview-bettors.png,
 // preview-bets.png (what List Bets shows) and preview-odds.png (race 3, all its parts).
-// Usage: make-report-screenshots CARD.tly OUTDIR
-//
-// Run it on a display (scripts/screenshots-reports.sh runs it under Xvfb).
+// Group "reports" of make-screenshots.
 
 #include <QApplication>
 #include <QComboBox>
@@ -23,6 +21,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <functional>
+#include "shots.h"
 
 #include "files/race_file_io.h"
 #include "model/common.h"
@@ -104,15 +103,7 @@ bool PreviewShot(const std::function<void()>& action, int race, const QString& p
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: make-report-screenshots CARD.tly OUTDIR\n");
-        return 2;
-    }
-    const QString out = QString::fromLocal8Bit(argv[2]);
-    QDir().mkpath(out);
-
+int ReportShots(const QString& card, const QString& out) {
     Messages messages;
     auto settings = MakeMemorySettings();
     auto clock = MakeSystemClock();
@@ -139,7 +130,7 @@ int main(int argc, char** argv) {
     PrepareDocument();
     main.show();
     main.MdiArea()->closeAllSubWindows();
-    G.FilePath = argv[1];
+    G.FilePath = card.toStdString();
     OpenRaceFile();
     if (RF.FileName.empty()) return 1;
     Settle();

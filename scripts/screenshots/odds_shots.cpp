@@ -1,12 +1,9 @@
 // Screenshots of Display Odds and its board on a card: each grid in the main window, then the
-// board full screen. Run under Xvfb (scripts/screenshots-odds.sh):
-//
-//   odds-screenshots CARD OUTDIR
-//
-// writes odds-pools.png, odds-win.png, odds-place.png, odds-show.png, odds-exacta.png (race 3),
-// odds-dd.png (race 1), odds-dd-prior.png (race 2), odds-board.png (race 3, Win, with the Win
-// pool bars) and odds-board-pools.png. The settings stay in memory and the clock is fixed, so
-// that the user's own settings are not touched and the pictures come out the same each time.
+// board full screen (group "odds" of make-screenshots). It writes odds-pools.png, odds-win.png,
+// odds-place.png, odds-show.png, odds-exacta.png (race 3), odds-dd.png (race 1), odds-dd-prior.png
+// (race 2), odds-board.png (race 3, Win, with the Win pool bars) and odds-board-pools.png. The
+// settings stay in memory and the clock is fixed, so that the user's own settings are not touched
+// and the pictures come out the same each time.
 
 #include <QApplication>
 #include <QCheckBox>
@@ -16,6 +13,7 @@
 #include <QThread>
 #include <cstdio>
 #include <string>
+#include "shots.h"
 
 #include "files/race_file_io.h"
 #include "model/common.h"
@@ -73,16 +71,8 @@ void Choose(QComboBox* box, int data) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setApplicationName("TamberlinTally");
-    QApplication::setWindowIcon(tt::gui::AppIcon());
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: odds-screenshots CARD OUTDIR\n");
-        return 2;
-    }
-    const QString dir = QDir(argv[2]).absolutePath();
-    QDir().mkpath(dir);
+int OddsShots(const QString& card, const QString& out) {
+    const QString& dir = out;
 
     Messages messages;
     auto settings = tt::MakeMemorySettings();
@@ -117,7 +107,7 @@ int main(int argc, char** argv) {
     tt::PrepareDocument();
     main.setGeometry(0, 0, 1280, 900);
     main.show();
-    tt::G.FilePath = QDir(argv[1]).absolutePath().toStdString();
+    tt::G.FilePath = card.toStdString();
     tt::OpenRaceFile();
     Settle();
 

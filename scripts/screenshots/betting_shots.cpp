@@ -1,10 +1,8 @@
 // Takes the pictures of the betting window: betting-window.png (the main window with a
 // transaction of a few tickets in the summary), close-transaction.png (Finish Transaction for
 // it) and ticket.pdf (its tickets as the printer gets them).
-// Usage: make-betting-screenshots CARD.tly OUTDIR
-//
-// Run it on a display (scripts/screenshots-betting.sh runs it under Xvfb and turns the PDF into
-// ticket.png). The tickets are put into the transaction as the ticket windows leave them.
+// Group "betting" of make-screenshots; scripts/screenshots.sh turns the PDF into ticket.png. The
+// tickets are put into the transaction as the ticket windows leave them.
 
 #include <QApplication>
 #include <QDir>
@@ -15,6 +13,7 @@
 #include <cstdio>
 #include <initializer_list>
 #include <vector>
+#include "shots.h"
 
 #include "betting/betting_state.h"
 #include "betting/forms/frm_close_transaction.h"
@@ -145,16 +144,7 @@ bool Save(QWidget* w, const QString& path) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    QApplication app(argc, argv);
-    QApplication::setWindowIcon(gui::AppIcon());
-    if (argc != 3) {
-        std::fprintf(stderr, "usage: make-betting-screenshots CARD.tly OUTDIR\n");
-        return 2;
-    }
-    const QString out = QDir(argv[2]).absolutePath();
-    QDir().mkpath(out);
-
+int BettingShots(const QString& card, const QString& out) {
     Messages messages;
     auto clock = MakeSystemClock();
     auto random = MakeSystemRandom();
@@ -177,7 +167,7 @@ int main(int argc, char** argv) {
     PrepareDocument();
     main.resize(1180, 700);
     main.show();
-    G.FilePath = argv[1];
+    G.FilePath = card.toStdString();
     OpenRaceFile();
     if (RF.FileName.empty()) return 1;
     main.UnloadForm("frmLogo");
