@@ -37,7 +37,7 @@ namespace {
 class Messages : public MessagePort {
   public:
     int Show(const MessageRequest& r) override {
-        std::fprintf(stderr, "make-betting-screenshots: message: %s\n", r.text.c_str());
+        std::fprintf(stderr, "make-screenshots betting: message: %s\n", r.text.c_str());
         return r.buttons == Buttons::kYesNo || r.buttons == Buttons::kYesNoCancel ? kYes : kOK;
     }
     void Beep() override {}
@@ -138,7 +138,7 @@ std::int32_t FindTicket(int race, bool winning) {
 bool Save(QWidget* w, const QString& path) {
     QApplication::processEvents();
     if (w->grab().save(path)) return true;
-    std::fprintf(stderr, "make-betting-screenshots: cannot write %s\n", qPrintable(path));
+    std::fprintf(stderr, "make-screenshots betting: cannot write %s\n", qPrintable(path));
     return false;
 }
 

@@ -32,7 +32,7 @@ namespace {
 class Messages : public tt::MessagePort {
   public:
     int Show(const tt::MessageRequest& r) override {
-        std::fprintf(stderr, "odds-screenshots: message: %s\n", r.text.c_str());
+        std::fprintf(stderr, "make-screenshots odds: message: %s\n", r.text.c_str());
         return tt::kOK;
     }
     void Beep() override {}
@@ -58,7 +58,7 @@ bool Save(QWidget* w, const QString& dir, const char* name) {
     Settle();
     const QString path = dir + "/" + name;
     if (!w->grab().save(path)) {
-        std::fprintf(stderr, "odds-screenshots: cannot write %s\n", qPrintable(path));
+        std::fprintf(stderr, "make-screenshots odds: cannot write %s\n", qPrintable(path));
         return false;
     }
     std::printf("%s\n", qPrintable(path));
@@ -114,7 +114,7 @@ int OddsShots(const QString& card, const QString& out) {
     main.ShowForm("frmDisplayOdds", false);
     auto* odds = main.findChild<tt::gui::frmDisplayOdds*>();
     if (!odds) {
-        std::fprintf(stderr, "odds-screenshots: Display Odds did not open\n");
+        std::fprintf(stderr, "make-screenshots odds: Display Odds did not open\n");
         return 1;
     }
     // The launch pad stays behind the window.

@@ -43,7 +43,7 @@ namespace {
 class Messages : public MessagePort {
   public:
     int Show(const MessageRequest& r) override {
-        std::fprintf(stderr, "make-report-screenshots: message: %s\n", r.text.c_str());
+        std::fprintf(stderr, "make-screenshots reports: message: %s\n", r.text.c_str());
         return r.buttons == Buttons::kYesNo || r.buttons == Buttons::kYesNoCancel ? kYes : kOK;
     }
     void Beep() override {}
@@ -59,7 +59,7 @@ void Settle() {
 bool Save(QWidget* w, const QString& path) {
     Settle();
     if (!w->grab().save(path)) {
-        std::fprintf(stderr, "make-report-screenshots: cannot write %s\n", qPrintable(path));
+        std::fprintf(stderr, "make-screenshots reports: cannot write %s\n", qPrintable(path));
         return false;
     }
     return true;
@@ -186,7 +186,7 @@ int ReportShots(const QString& card, const QString& out) {
     for (const auto& [report, name] : shots) {
         reports->setCurrentRow(report - 1);
         if (!PreviewShot([&] { preview->click(); }, 3, out + "/" + name + ".png")) {
-            std::fprintf(stderr, "make-report-screenshots: no preview of report %d\n", report);
+            std::fprintf(stderr, "make-screenshots reports: no preview of report %d\n", report);
             return 1;
         }
     }

@@ -27,7 +27,7 @@ namespace {
 class Messages : public MessagePort {
   public:
     int Show(const MessageRequest& r) override {
-        std::fprintf(stderr, "make-ticket-screenshots: message: %s\n", r.text.c_str());
+        std::fprintf(stderr, "make-screenshots tickets: message: %s\n", r.text.c_str());
         failed = true;
         return r.buttons == Buttons::kYesNo || r.buttons == Buttons::kYesNoCancel ? kNo : kCancel;
     }
@@ -51,7 +51,7 @@ void Key(Qt::Key key, Qt::KeyboardModifiers m = Qt::NoModifier) {
 bool Save(QWidget& w, const QString& path) {
     QApplication::processEvents();
     if (w.grab().save(path)) return true;
-    std::fprintf(stderr, "make-ticket-screenshots: cannot write %s\n", qPrintable(path));
+    std::fprintf(stderr, "make-screenshots tickets: cannot write %s\n", qPrintable(path));
     return false;
 }
 

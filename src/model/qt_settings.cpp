@@ -16,9 +16,10 @@ class UserSettings : public SettingsPort {
         if (!v.isValid()) return std::nullopt;
         return v.toString().toStdString();
     }
+    // Written to disk once the event loop is next free, or when the store closes: a shutdown
+    // that keeps the places of several windows writes the file once, not once a key.
     void Set(const std::string& key, const std::string& value) override {
         store_.setValue(Key(key), QString::fromStdString(value));
-        store_.sync();
     }
 
   private:
