@@ -36,8 +36,8 @@ RecoveryReadStatus ReadRecoveryRows(std::string_view data, std::vector<RecoveryR
 
 void WrongRecoveryVersion() {
     Beep();
-    MsgBox(JoinParts(
-               {"Recovery File is not for this version of the software!", "Recovery will be turned off!"}),
+    MsgBox(JoinParts({"Recovery File is not for this version of the software!",
+                      "Recovery will be turned off!"}),
            Buttons::kOK, Icon::kExclamation);
     RF.RecoveryFlag = false;
 }
@@ -68,8 +68,8 @@ class SlotSet {
         if (last < capacity_) return;
         std::int64_t want = std::max<std::int64_t>(last + 1, capacity_ * 2);
         want = (want + 63) & ~std::int64_t{63};
-        std::vector<std::uint64_t> bits = levels_.empty() ? std::vector<std::uint64_t>{}
-                                                          : std::move(levels_[0]);
+        std::vector<std::uint64_t> bits =
+            levels_.empty() ? std::vector<std::uint64_t>{} : std::move(levels_[0]);
         bits.resize(static_cast<std::size_t>(want / 64));
         levels_.clear();
         levels_.push_back(std::move(bits));

@@ -85,11 +85,11 @@ bool RestoreLogic::LoadRecoveryGrid() {
 
 void RestoreLogic::FillGrid() {
     static const char* const kHeaders[kColumns] = {
-        "Include?", "Ticket#", "Date/Time", "Race",   "Bettor",    "Action", "Coll'd",
-        "Distrib'd", "Bet Amt", "Bet Type", "Box", "Bet Total", "Picks",  ""};
+        "Include?",  "Ticket#", "Date/Time", "Race", "Bettor",    "Action", "Coll'd",
+        "Distrib'd", "Bet Amt", "Bet Type",  "Box",  "Bet Total", "Picks",  ""};
     // Widths in twips; the row index is hidden.
-    static const int kWidths[kColumns] = {800, 800,  1900, 500, 1800, 650, 900,
-                                          900, 900, 1100, 450, 900, 1300, 0};
+    static const int kWidths[kColumns] = {800, 800, 1900, 500, 1800, 650,  900,
+                                          900, 900, 1100, 450, 900,  1300, 0};
     const int n = static_cast<int>(RecoveryRows.size());
     GridData g;
     g.SetCols(kColumns);

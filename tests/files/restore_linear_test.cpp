@@ -80,9 +80,9 @@ class RandomDay {
                 row.BetAmt = Currency::FromRaw(Pick(1, 5) * 10000);
                 row.BetType = Pick(0, 5);
                 row.Boxed = Chance(0.2);
-                row.BetCost = Currency::FromRaw(
-                    hostile && Chance(0.2) ? std::numeric_limits<std::int64_t>::max() / 2
-                                           : Pick(1, 20) * 10000);
+                row.BetCost = Currency::FromRaw(hostile && Chance(0.2)
+                                                    ? std::numeric_limits<std::int64_t>::max() / 2
+                                                    : Pick(1, 20) * 10000);
                 row.OrigBetIdx = Chance(0.4)    ? 0
                                  : Chance(0.05) ? (hostile && Chance(0.5) ? -2 : 40)
                                                 : Pick(1, RF.MaxBets + 4);

@@ -112,8 +112,7 @@ inline std::string RestoredState() {
             s += "bet " + std::to_string(r) + "/" + std::to_string(n) + ": " +
                  std::to_string(b.BetType) + " t" + std::to_string(b.TicketIdx) + " amt " +
                  std::to_string(b.BetAmt.Raw()) + " cost " + std::to_string(b.BetCost.Raw()) +
-                 " won " + std::to_string(b.BetWinnings.Raw()) + (b.Boxed ? " box" : "") +
-                 " picks";
+                 " won " + std::to_string(b.BetWinnings.Raw()) + (b.Boxed ? " box" : "") + " picks";
             for (int k = 1; k <= 6; ++k) s += " " + std::to_string(b.Pick(k));
             s += "\n";
         }
@@ -123,8 +122,8 @@ inline std::string RestoredState() {
              std::to_string(tk.TicketRace) + " bettor " + std::to_string(tk.TicketBettor) +
              " cost " + std::to_string(tk.TicketCost.Raw()) + " coll " +
              std::to_string(tk.Collected.Raw()) + " dist " + std::to_string(tk.Distributed.Raw()) +
-             " won " + std::to_string(tk.Winnings.Raw()) + " bets " +
-             std::to_string(tk.FirstBet) + ".." + std::to_string(tk.LastBet) + "\n";
+             " won " + std::to_string(tk.Winnings.Raw()) + " bets " + std::to_string(tk.FirstBet) +
+             ".." + std::to_string(tk.LastBet) + "\n";
     }
     for (std::int64_t b = 0; b <= RF.Bettor.UBound(); ++b)
         s += "bettor " + std::to_string(b) + ": " + std::as_const(RF.Bettor)(b).BettorName + "\n";
