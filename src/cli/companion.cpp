@@ -16,10 +16,14 @@ Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
 Command RecentCommand();
+Command RecoveryCommand();
+Command RestoreCommand();
+Command ImportBettorsCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(), ResaveCommand(), SettleCommand(), PayoutsCommand(), RecentCommand(),
+        InfoCommand(),   ResaveCommand(),   SettleCommand(),  PayoutsCommand(),
+        RecentCommand(), RecoveryCommand(), RestoreCommand(), ImportBettorsCommand(),
     };
     return commands;
 }
