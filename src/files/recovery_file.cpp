@@ -80,22 +80,25 @@ void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t f
 }
 
 void ReadRecoveryRest(FieldReader& in, RecoveryRow& row) {
-    row.Action = in.ReadText();
-    row.TicketNbr = in.ReadInt32();
-    row.Race = in.ReadInt16();
-    row.Bettor = in.ReadInt16();
-    row.Collected = in.ReadCurrency();
-    row.Distributed = in.ReadCurrency();
-    row.OldCost = in.ReadCurrency();
-    row.Winnings = in.ReadCurrency();
-    row.BetAmt = in.ReadCurrency();
-    row.BetType = in.ReadInt16();
-    row.Boxed = in.ReadFlag();
-    row.BetCost = in.ReadCurrency();
-    row.PriorWinnings = in.ReadCurrency();
-    row.WinningsWhole = in.ReadInt16();
-    row.OrigBetIdx = in.ReadInt32();
-    for (int k = 1; k <= 6; ++k) row.Pick(k) = in.ReadInt16();
+    in.ReadText(row.Action);
+    {
+        FieldCursor f(in);
+        row.TicketNbr = f.Int32Field();
+        row.Race = f.Int16Field();
+        row.Bettor = f.Int16Field();
+        row.Collected = f.Money();
+        row.Distributed = f.Money();
+        row.OldCost = f.Money();
+        row.Winnings = f.Money();
+        row.BetAmt = f.Money();
+        row.BetType = f.Int16Field();
+        row.Boxed = f.TrueFalse();
+        row.BetCost = f.Money();
+        row.PriorWinnings = f.Money();
+        row.WinningsWhole = f.Int16Field();
+        row.OrigBetIdx = f.Int32Field();
+        for (int k = 1; k <= 6; ++k) row.Pick(k) = f.Int16Field();
+    }
     if (!in.AtEnd()) in.Next();  // the empty field after the trailing comma
 }
 

@@ -100,25 +100,39 @@ void RestoreLogic::FillGrid() {
         g.SetTextMatrix(0, c, kHeaders[c]);
         g.SetColWidth(c, kWidths[c]);
     }
+    // A log holds few distinct amounts, and the lines of one transaction share their time:
+    // each text is made once.
+    std::unordered_map<std::int64_t, std::string> dollars;
+    auto dollar = [&](Currency c) -> const std::string& {
+        auto [it, fresh] = dollars.try_emplace(c.Raw());
+        if (fresh) it->second = DollarText(c);
+        return it->second;
+    };
+    DateTime lastWhen{};
+    std::string lastWhenText = lastWhen.Text();
     // Newest first: the grid is in the descending order of the row index, which the rows are
     // put in directly.
-    for (int i = 0; i < n; ++i) {
+    for (int r = 1; r <= n; ++r) {
+        const int i = n - r;
         const RecoveryRow& row = RecoveryRows[static_cast<std::size_t>(i)];
-        const int r = n - i;
+        if (row.When != lastWhen) {
+            lastWhen = row.When;
+            lastWhenText = row.When.Text();
+        }
         g.SetTextMatrix(r, kInclude, kMarkNo);
         g.SetTextMatrix(r, kTicket, NumText(std::int64_t{row.TicketNbr}));
-        g.SetTextMatrix(r, kDateTime, row.When.Text());
+        g.SetTextMatrix(r, kDateTime, lastWhenText);
         g.SetTextMatrix(r, kRace, NumText(std::int64_t{row.Race}));
         g.SetTextMatrix(r, kBettor,
                         row.Bettor > RF.BettorCount ? std::string("Unknown Bettor")
                                                     : RF.Bettor(row.Bettor).BettorName);
         g.SetTextMatrix(r, kAction, row.Action);
-        g.SetTextMatrix(r, kCollected, DollarText(row.Collected));
-        g.SetTextMatrix(r, kDistributed, DollarText(row.Distributed));
-        g.SetTextMatrix(r, kBetAmt, DollarText(row.BetAmt));
+        g.SetTextMatrix(r, kCollected, dollar(row.Collected));
+        g.SetTextMatrix(r, kDistributed, dollar(row.Distributed));
+        g.SetTextMatrix(r, kBetAmt, dollar(row.BetAmt));
         g.SetTextMatrix(r, kBetType, G.BetTypeName(row.BetType));
         g.SetTextMatrix(r, kBox, row.Boxed ? "X" : "");
-        g.SetTextMatrix(r, kBetTotal, DollarText(row.BetCost));
+        g.SetTextMatrix(r, kBetTotal, dollar(row.BetCost));
         std::string picks;
         for (int k = 1; k <= 6; ++k)
             if (row.Pick(k) != 0) {
@@ -128,11 +142,10 @@ void RestoreLogic::FillGrid() {
         g.SetTextMatrix(r, kPicks, std::move(picks));
         g.SetTextMatrix(r, kRowIndex, NumText(std::int64_t{i + 1}));
     }
+    // The header centred cell by cell, the money columns to the right below it.
     CenterGridCells(g, 0, 0, 0, -1);
-    if (n > 0) {
-        RightGridCells(g, 1, -1, kCollected, kBetAmt);
-        RightGridCells(g, 1, -1, kBetTotal, kBetTotal);
-    }
+    for (int c : {kCollected, kDistributed, kBetAmt, kBetTotal})
+        g.SetColAlignment(c, CellAlign::kRight);
     flxRecovery = std::move(g);
 }
 
