@@ -70,6 +70,7 @@ void ImportBettorsLogic::Form_Load() {
         g.SetTextMatrix(0, c, kHeaders[c]);
         g.SetColWidth(c, kWidths[c]);
     }
+    for (int c = kEmail; c <= kInfo; ++c) g.SetColAlignment(c, CellAlign::kCenter);
 
     // The first bettor of each name, names compared exactly.
     std::unordered_map<std::string, std::int64_t> bettorByName;

@@ -146,6 +146,8 @@ void RestoreLogic::FillGrid() {
     CenterGridCells(g, 0, 0, 0, -1);
     for (int c : {kCollected, kDistributed, kBetAmt, kBetTotal})
         g.SetColAlignment(c, CellAlign::kRight);
+    // Picks read as a list, whether one or several.
+    g.SetColAlignment(kPicks, CellAlign::kLeft);
     flxRecovery = std::move(g);
 }
 

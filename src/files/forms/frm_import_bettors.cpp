@@ -7,6 +7,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "files/forms/grid_fit.h"
 #include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
@@ -28,7 +29,7 @@ frmImportBettors::frmImportBettors(QWidget* parent) : QDialog(parent) {
     model_ = new GridModel(flxBettor);
     flxBettor->setModel(model_);
     flxBettor->setWordWrap(false);
-    flxBettor->setMinimumSize(Twips(3500 + 600), Twips(3600));
+    flxBettor->setMinimumHeight(Twips(3600));
     v->addWidget(flxBettor, 1);
 
     lblInstructions = new QLabel(this);
@@ -77,8 +78,15 @@ frmImportBettors::frmImportBettors(QWidget* parent) : QDialog(parent) {
     flxBettor->setSelectionMode(QAbstractItemView::SingleSelection);
     flxBettor->horizontalHeader()->setSectionsClickable(false);
     flxBettor->horizontalHeader()->setFixedHeight(Twips(logic.flxBettor.RowHeight(0)));
+    // Every action fits, whatever rows are shown now.
+    flxBettor->setColumnWidth(
+        ImportBettorsLogic::kAction,
+        std::max(flxBettor->columnWidth(ImportBettorsLogic::kAction),
+                 flxBettor->fontMetrics().horizontalAdvance("Keep current") + Twips(180)));
+    FitColumns(flxBettor);
     if (model_->rowCount() > 0) flxBettor->setCurrentIndex(model_->index(0, 0));
     Refresh();
+    resize(std::max(sizeHint().width(), Twips(6600)), sizeHint().height());
 }
 
 void frmImportBettors::Run(const std::function<void()>& event) {

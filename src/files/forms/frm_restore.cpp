@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "files/forms/grid_fit.h"
 #include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
@@ -50,7 +51,7 @@ frmRestore::frmRestore(QWidget* parent) : QDialog(parent) {
     model_ = new GridModel(flxRecovery);
     flxRecovery->setModel(model_);
     flxRecovery->setWordWrap(false);
-    flxRecovery->setMinimumSize(Twips(13800), Twips(4200));
+    flxRecovery->setMinimumHeight(Twips(4200));
     v->addWidget(flxRecovery, 1);
 
     auto* actions = new QGridLayout;
@@ -97,7 +98,7 @@ frmRestore::frmRestore(QWidget* parent) : QDialog(parent) {
 
     Guard(this, false, [this] { logic.Form_Load(); });
     Refresh(true);
-    resize(Twips(14400), Twips(7200));
+    resize(sizeHint().width(), Twips(8400));
 }
 
 void frmRestore::TakeSelection() {
@@ -130,6 +131,7 @@ void frmRestore::Refresh(bool reload) {
         ApplyGridLayout(flxRecovery, logic.flxRecovery);
         flxRecovery->setSelectionMode(QAbstractItemView::ContiguousSelection);
         flxRecovery->horizontalHeader()->setSectionsClickable(false);
+        FitColumns(flxRecovery);
     } else if (model_->rowCount() > 0) {
         // The marks change in place, so the selection stays where the user put it.
         emit model_->dataChanged(model_->index(0, 0),
