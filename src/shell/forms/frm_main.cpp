@@ -366,6 +366,15 @@ void frmMain::RememberPlacement() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+    // The betting window asks about its open transaction before the card is let go, as a child
+    // window is asked before its frame closes; a refusal keeps the program running.
+    if (IsFormLoaded("frmTransaction")) {
+        UnloadForm("frmTransaction");
+        if (IsFormLoaded("frmTransaction")) {
+            event->ignore();
+            return;
+        }
+    }
     bool normal =
         !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
     Placement p{ToTwips(x()), ToTwips(y()), ToTwips(width()), ToTwips(height())};

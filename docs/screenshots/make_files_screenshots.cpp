@@ -2,7 +2,7 @@
 // example card: the card's tickets logged as a race day would have logged them, a ticket
 // version marked; and last season's bettors compared with the card's.
 //
-//   shots-files OUTDIR [CARD]
+//   make-files-screenshots CARD OUTDIR
 //
 // writes OUTDIR/restore.png and OUTDIR/import-bettors.png.
 
@@ -96,13 +96,13 @@ bool Save(QWidget& window, const QString& path) {
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    if (argc < 2) {
-        std::fprintf(stderr, "usage: shots-files OUTDIR [CARD]\n");
+    if (argc != 3) {
+        std::fprintf(stderr, "usage: make-files-screenshots CARD OUTDIR\n");
         return 2;
     }
-    const QDir out(argv[1]);
+    const QDir out(argv[2]);
     ResetProcessState();
-    G.FilePath = argc > 2 ? argv[2] : TALLY_SOURCE_DIR "/examples/spring-meet.tly";
+    G.FilePath = argv[1];
     OpenRaceFile();
     if (G.FilePath.empty()) return 1;
 
