@@ -15,14 +15,6 @@ namespace {
 
 enum Col { kAction, kTicket, kBettor, kRace, kTransAmt, kCols };
 
-// A kept placement value; missing or not a number gives the fallback.
-double PlacementSetting(const char* key, double fallback) {
-    auto v = Settings().Get(key);
-    if (!v || v->empty()) return fallback;
-    auto f = ParseDoubleField(*v);
-    return f && std::isfinite(*f) ? *f : fallback;
-}
-
 bool IsNew(const std::string& action) {
     return action == kNewTicket || action == kNewAgain;
 }
@@ -55,18 +47,6 @@ TransactionLogic::TransactionLogic() {
     flxTran.SetFixedCols(0);
     flxTran.SetCols(kCols);
     flxTran.SetRows(1);
-}
-
-TransactionLogic::Placement TransactionLogic::RestorePlacement() {
-    Placement p;
-    p.left = PlacementSetting("TranLeft", p.left);
-    p.top = PlacementSetting("TranTop", p.top);
-    return p;
-}
-
-void TransactionLogic::SavePlacement(const Placement& p) {
-    Settings().Set("TranLeft", NumText(p.left));
-    Settings().Set("TranTop", NumText(p.top));
 }
 
 void TransactionLogic::Form_Load() {

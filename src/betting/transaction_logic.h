@@ -16,13 +16,8 @@ class TransactionLogic : public FormState {
   public:
     TransactionLogic();
 
-    // The window's place in twips, kept in "TranLeft" and "TranTop" (1000 when not set).
-    struct Placement {
-        double left = 1000;
-        double top = 1000;
-    };
-    static Placement RestorePlacement();
-    static void SavePlacement(const Placement& p);
+    // The window keeps its place, not its size, in "TranLeft" and "TranTop".
+    static constexpr const char* kPlacementKeys = "Tran";
 
     // A new transaction: on opening and again after a finished one.
     void Form_Load();

@@ -15,15 +15,19 @@ Command InfoCommand();
 Command ResaveCommand();
 Command SettleCommand();
 Command PayoutsCommand();
+Command OddsCommand();
 Command RecentCommand();
+Command SellCommand();
+Command CashCommand();
 Command RecoveryCommand();
 Command RestoreCommand();
 Command ImportBettorsCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(),   ResaveCommand(),   SettleCommand(),  PayoutsCommand(),
-        RecentCommand(), RecoveryCommand(), RestoreCommand(), ImportBettorsCommand(),
+        InfoCommand(),     ResaveCommand(),  SettleCommand(),        PayoutsCommand(),
+        OddsCommand(),     RecentCommand(),  SellCommand(),          CashCommand(),
+        RecoveryCommand(), RestoreCommand(), ImportBettorsCommand(),
     };
     return commands;
 }

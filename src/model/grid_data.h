@@ -39,6 +39,11 @@ class GridData {
     int RowHeight(int row) const;
     void SetRowHeight(int row, int twips);
 
+    // A number kept with each row that moves with it in a sort, such as the record the row
+    // shows; 0 for a new row.
+    std::int64_t RowData(int row) const;
+    void SetRowData(int row, std::int64_t value);
+
     CellAlign ColAlignment(int col) const;
     void SetColAlignment(int col, CellAlign a);
     // A cell's own alignment wins over its column's.
@@ -87,6 +92,7 @@ class GridData {
     std::vector<int> colWidth_;
     std::vector<CellAlign> colAlign_;
     std::vector<int> rowHeight_;
+    std::vector<std::int64_t> rowData_;
     int row_ = 1, col_ = 1, rowSel_ = 1, colSel_ = 1, topRow_ = 1;
 };
 

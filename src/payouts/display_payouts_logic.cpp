@@ -42,36 +42,9 @@ void DisplayPayoutsLogic::Form_Load() {
     DisplayPayouts();
 }
 
-namespace {
-// A kept placement value; missing or not a number gives the fallback.
-double PlacementSetting(const char* key, double fallback) {
-    auto v = Settings().Get(key);
-    if (!v) return fallback;
-    auto f = ParseDoubleField(*v);
-    if (v->empty() || !f || !std::isfinite(*f)) return fallback;
-    return *f;
-}
-}  // namespace
-
 void DisplayPayoutsLogic::ShowSettledRace(int race) {
     G.CurrentRace = race;
     Form_Load();
-}
-
-DisplayPayoutsLogic::Placement DisplayPayoutsLogic::RestorePlacement() {
-    Placement p;
-    p.left = PlacementSetting("PayLeft", p.left);
-    p.top = PlacementSetting("PayTop", p.top);
-    p.width = std::max(0.0, PlacementSetting("PayWidth", 0));
-    p.height = std::max(0.0, PlacementSetting("PayHeight", 0));
-    return p;
-}
-
-void DisplayPayoutsLogic::SavePlacement(const Placement& p) {
-    Settings().Set("PayLeft", NumText(p.left));
-    Settings().Set("PayTop", NumText(p.top));
-    Settings().Set("PayWidth", NumText(p.width));
-    Settings().Set("PayHeight", NumText(p.height));
 }
 
 void DisplayPayoutsLogic::SelectRace(int race) {

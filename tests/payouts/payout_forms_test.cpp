@@ -72,7 +72,7 @@ TEST_F(PayoutForms, DisplayFollowsACalculationKeepsItsPlaceAndStopsAtIntervalZer
     Child<QRadioButton>(*window, "optAutoOn")->click();
     window->logic.txtInterval.text = "0";
     timer->setInterval(1);
-    QTRY_VERIFY(!timer->isActive());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !timer->isActive(); }));
     EXPECT_EQ(race->currentData().toLongLong(), 2);
 
     window->resize(700, 500);

@@ -394,6 +394,7 @@ TEST_F(MainWindow, HelpShowsTheTopicOfTheWindowAskingOrTheOverview) {
                        help::kPayoutHandling,
                        help::kDisplayPayouts,
                        help::kDisplayOdds,
+                       help::kOddsBoard,
                        help::kListBets,
                        help::kPrint,
                        help::kSelectRaceAndBetType,

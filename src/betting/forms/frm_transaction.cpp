@@ -124,7 +124,7 @@ frmTransaction::frmTransaction(QWidget* parent) : QWidget(parent) {
     connect(cmdHelp, &QPushButton::clicked, this, [this] { Run([this] { logic.onHelp(); }); });
     logic.onReshow = [this] {
         // Trash: the window unloads and shows anew with an empty transaction.
-        SavePlacement();
+        placement_.Save();
         logic.Form_Load();
     };
 
@@ -147,6 +147,11 @@ frmTransaction::frmTransaction(QWidget* parent) : QWidget(parent) {
     setTabOrder(cmdNew, cmdEdit);
 
     Run([this] { logic.Form_Load(); });
+}
+
+frmTransaction::~frmTransaction() {
+    // The grids go with the logic, before the views that show them.
+    model_->SetGrid(nullptr);
 }
 
 void frmTransaction::Run(const std::function<void()>& event) {
@@ -217,25 +222,10 @@ void frmTransaction::Unload() {
         close();
 }
 
-void frmTransaction::SavePlacement() {
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    if (!placed_ || frame->isMinimized() || frame->isMaximized()) return;
-    Guard(this, false, [&] {
-        TransactionLogic::SavePlacement({ToTwips(frame->x()), ToTwips(frame->y())});
-    });
-}
-
 void frmTransaction::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (placed_) return;
-    placed_ = true;
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    TransactionLogic::Placement p;
-    Guard(this, false, [&] { p = TransactionLogic::RestorePlacement(); });
-    frame->resize(frame->sizeHint());
-    frame->move(Twips(p.left), Twips(p.top));
+    if (placement_.Placed()) return;
+    placement_.Restore();
     cmdNew->setFocus(Qt::OtherFocusReason);
 }
 
@@ -252,7 +242,7 @@ void frmTransaction::closeEvent(QCloseEvent* event) {
         logic.Unload();
     }
     closing_ = true;
-    SavePlacement();
+    placement_.Save();
     event->accept();
 }
 

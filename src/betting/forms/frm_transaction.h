@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "betting/transaction_logic.h"
+#include "shell/forms/gui_support.h"
 
 class QGroupBox;
 class QLabel;
@@ -22,6 +23,7 @@ class frmTransaction : public QWidget {
 
   public:
     explicit frmTransaction(QWidget* parent = nullptr);
+    ~frmTransaction() override;
 
     TransactionLogic logic;
     void Refresh();
@@ -37,7 +39,6 @@ class frmTransaction : public QWidget {
 
   private:
     void Run(const std::function<void()>& event);
-    void SavePlacement();
     void Unload();
     void ShowSelectedRow();
 
@@ -63,7 +64,7 @@ class frmTransaction : public QWidget {
     // the release of a key that closed another window does not run a command here.
     QSet<int> pressed_;
     bool refreshing_ = false;
-    bool placed_ = false;
+    KeptPlacement placement_{this, TransactionLogic::kPlacementKeys, false};
     bool closing_ = false;
 };
 

@@ -10,6 +10,7 @@
 
 #include "payouts/display_payouts_logic.h"
 #include "payouts/settle_race.h"
+#include "shell/forms/gui_support.h"
 
 class QCheckBox;
 class QComboBox;
@@ -29,6 +30,7 @@ class frmDisplayPayouts : public QWidget {
 
   public:
     explicit frmDisplayPayouts(QWidget* parent = nullptr);
+    ~frmDisplayPayouts() override;
 
     DisplayPayoutsLogic logic;
     void Refresh();
@@ -47,7 +49,6 @@ class frmDisplayPayouts : public QWidget {
     void Run(const std::function<void()>& event);
     // Record Results: this window unloads before Edit Results opens.
     void EditResults();
-    void SavePlacement();
     // Closes the window, in the document area or on its own.
     void Unload();
 
@@ -69,13 +70,12 @@ class frmDisplayPayouts : public QWidget {
     QLineEdit* txtInterval;
     QTimer* Timer1;
 
+    KeptPlacement placement_;
     // A race settled since the window last showed one: shown when it comes to the front.
     SettledSubscription settled_;
     std::optional<int> settledRace_;
     bool refreshing_ = false;
     bool ticking_ = false;
-    bool placed_ = false;
-    bool placementSaved_ = false;
 };
 
 }  // namespace tt::gui

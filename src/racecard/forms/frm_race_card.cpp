@@ -81,6 +81,11 @@ frmRaceCard::frmRaceCard(QWidget* parent) : QDialog(parent) {
             [this](int) { Run([&] { logic.SSTab1_DblClick(); }); });
 }
 
+frmRaceCard::~frmRaceCard() {
+    // The grids go with the logic, before the views that show them.
+    if (racersModel_) racersModel_->SetGrid(nullptr);
+}
+
 void frmRaceCard::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (loaded_) return;

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
@@ -20,6 +21,7 @@
 
 #include "model/app_error.h"
 #include "model/error_path.h"
+#include "model/window_placement.h"
 #include "shell/forms/qt_printer.h"
 
 namespace tt::gui {
@@ -112,6 +114,36 @@ void Apply(QLineEdit* edit, const ControlState& s) {
                                    ? QApplication::palette().color(QPalette::Base)
                                    : ColorOf(s.backColor));
     edit->setPalette(p);
+}
+
+QWidget* KeptPlacement::Frame() const {
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(form_->parentWidget())) return sub;
+    return form_;
+}
+
+void KeptPlacement::Restore() {
+    if (placed_) return;
+    placed_ = true;
+    QWidget* frame = Frame();
+    Placement p;
+    Guard(form_, false, [&] { p = RestoreWindowPlacement(prefix_); });
+    if (withSize_ && p.width > 0 && p.height > 0)
+        frame->resize(std::max(Twips(p.width), frame->minimumSizeHint().width()),
+                      std::max(Twips(p.height), frame->minimumSizeHint().height()));
+    else
+        frame->resize(frame->sizeHint());
+    frame->move(Twips(p.left), Twips(p.top));
+}
+
+void KeptPlacement::Save() {
+    QWidget* frame = Frame();
+    if (!placed_ || frame->isMinimized() || frame->isMaximized()) return;
+    const QRect g = frame->geometry();
+    Guard(form_, false, [&] {
+        SaveWindowPlacement(
+            prefix_, {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())},
+            withSize_);
+    });
 }
 
 void GridModel::SetGrid(const GridData* grid) {
