@@ -57,7 +57,11 @@ RestoreLogic::RestoreLogic() {
 void RestoreLogic::Form_Load() {
     // A card that has never been saved has no save time to show.
     lblSaved.text = G.FileSaved == DateTime{} ? std::string() : G.FileSaved.Text();
-    LoadRecoveryGrid();
+    {
+        // A long day's log takes a moment to read.
+        BusyPointer busy;
+        LoadRecoveryGrid();
+    }
     flxRecovery.SetRow(0);
 }
 
