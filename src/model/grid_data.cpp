@@ -97,6 +97,11 @@ void GridData::SetTextMatrix(int row, int col, std::string text) {
     cells_[Index(row, col)] = std::move(text);
 }
 
+void GridData::AssignText(int row, int col, std::string_view text) {
+    CheckCell(row, col);
+    cells_[Index(row, col)].assign(text);
+}
+
 int GridData::ColWidth(int col) const {
     if (col < 0 || col >= cols_) Raise(kErrSubscript);
     return colWidth_[static_cast<std::size_t>(col)];

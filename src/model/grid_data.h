@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tt {
@@ -31,6 +32,8 @@ class GridData {
 
     const std::string& TextMatrix(int row, int col) const;
     void SetTextMatrix(int row, int col, std::string text);
+    // The same, reusing the room the cell already has: for grids rebuilt over the same rows.
+    void AssignText(int row, int col, std::string_view text);
 
     // Width in twips; 0 hides the column.
     int ColWidth(int col) const;

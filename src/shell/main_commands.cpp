@@ -6,6 +6,8 @@
 #include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
+#include "reports/list_bets_logic.h"
+#include "reports/print_logic.h"
 
 namespace tt {
 
@@ -47,6 +49,7 @@ void mnuEditResults_Click() {
 }
 
 void mnuViewListBets_Click() {
+    WinnersOnly = false;
     Shell().ShowForm("frmListBets", false);
 }
 
@@ -75,6 +78,15 @@ void mnuToolsImportBettors_Click() {
 }
 
 void mnuFilePrint_Click() {
+    Shell().ShowForm("frmPrint", true);
+}
+
+void mnuFilePrintToFile_Click() {
+    // The Print window once more, its OK saving the report as a PDF file.
+    PrintToFile = true;
+    struct Reset {
+        ~Reset() { PrintToFile = false; }
+    } reset;
     Shell().ShowForm("frmPrint", true);
 }
 

@@ -15,6 +15,7 @@ void mnuToolsRestore_Click();
 // The file dialog at the last path of the session, then the bettors of the chosen file.
 void mnuToolsImportBettors_Click();
 void mnuFilePrint_Click();
+void mnuFilePrintToFile_Click();
 void mnuFilePageSetup_Click();
 
 // Runs with the main window's general error path around it.

@@ -27,6 +27,8 @@ const std::string kCommandList =
     "  recent          Put a card at the top of the program's recent files.\n"
     "  sell            Sell a new ticket at the betting window and save the card.\n"
     "  cash            Cash or collect a ticket at the betting window and save the card.\n"
+    "  list            Print the bets of a card as List Bets shows them, with their totals.\n"
+    "  report          Print one of the four reports as text, or save it as a PDF file.\n"
     "  recovery        List the card's records in its recovery file, newest first.\n"
     "  restore         Bring tickets back from the recovery file into the card and save it.\n"
     "  import-bettors  Bring the bettors of another race file into the card and save it.\n"

@@ -16,8 +16,8 @@ TEST(WindowPlacement, MissingOrDamagedValuesFallBackAndOnlyKeptSizesAreWritten) 
     EXPECT_EQ(p.width, 0);  // none kept: the window keeps the size of its design
     EXPECT_EQ(p.height, 0);
 
-    world.settings.values = {{"PayLeft", "12x"}, {"PayTop", ""}, {"PayWidth", "-40"},
-                             {"PayHeight", "6000.5"}};
+    world.settings.values = {
+        {"PayLeft", "12x"}, {"PayTop", ""}, {"PayWidth", "-40"}, {"PayHeight", "6000.5"}};
     p = RestoreWindowPlacement("Pay");
     EXPECT_EQ(p.left, 1000);
     EXPECT_EQ(p.top, 1000);

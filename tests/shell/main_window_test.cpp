@@ -21,6 +21,7 @@
 #include "files/file_commands.h"
 #include "model/help_ids.h"
 #include "model/race_file.h"
+#include "reports/print_logic.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_about.h"
 #include "shell/forms/frm_logo.h"
@@ -77,6 +78,7 @@ const std::vector<std::string> kFileOpen = {"tbSave",
                                             "mnuFileClose",
                                             "mnuFilePageSetup",
                                             "mnuFilePrint",
+                                            "mnuFilePrintToFile",
                                             "mnuFileSave",
                                             "mnuFileSaveAs",
                                             "mnuWindowCascade",
@@ -90,8 +92,8 @@ const std::vector<std::string> kRace = {
     "tbPlaceBets",           "tbListBets",       "tbDisplayOdds",   "tbDisplayPayouts",
     "tbEditResults",         "mnuEditPlaceBets", "mnuViewListBets", "mnuViewDisplayOdds",
     "mnuViewDisplayPayouts", "mnuEditResults"};
-const std::vector<std::string> kHidden = {"mnuFilePrintToFile", "mnuToolsRaceCardFile",
-                                          "mnuToolsImportRaces", "mnuToolsResetMax"};
+const std::vector<std::string> kHidden = {"mnuToolsRaceCardFile", "mnuToolsImportRaces",
+                                          "mnuToolsResetMax"};
 
 class MainWindow : public ::testing::Test {
   protected:
@@ -293,6 +295,27 @@ TEST_F(MainWindow, AToolbarClickRefreshesTheTitleFirstAndTheMenuEntryDoesNot) {
     Click("Help");
     EXPECT_EQ(CurrentHelpViewer()->CurrentFile(), "list_bets.html");
     EXPECT_TRUE(w.messages.shown.empty());
+}
+
+TEST_F(MainWindow, TheActiveChildIsNamedAndPrintToFileOpensPrintToSave) {
+    Open("/c/derby.tly");
+    main->ShowForm("frmListBets", false);
+    EXPECT_EQ(main->ActiveChild(), "frmListBets");
+    main->ShowForm("frmDisplayOdds", false);
+    EXPECT_EQ(main->ActiveChild(), "frmDisplayOdds");
+
+    bool toFile = false;
+    RegisterForm("frmPrint", [&toFile](QWidget* p) {
+        toFile = PrintToFile;
+        return new StandIn(p, help::kPrint);
+    });
+    QAction* printToFile = main->Action("mnuFilePrintToFile");
+    EXPECT_TRUE(printToFile->isVisible());
+    EXPECT_EQ(S(printToFile->text()), "Print to &File");
+    printToFile->trigger();
+    EXPECT_TRUE(toFile);
+    EXPECT_FALSE(PrintToFile);
+    EXPECT_TRUE(main->IsFormLoaded("frmPrint"));
 }
 
 TEST_F(MainWindow, BarTogglesWorkInEveryStateAndKeepTheirCheckMarks) {

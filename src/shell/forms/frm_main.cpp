@@ -164,8 +164,8 @@ void frmMain::BuildMenus() {
         file, "mnuFilePrint", "&Print...", [] { mnuFilePrint_Click(); }, 1, "frmPrint",
         QKeySequence("Ctrl+P"));
     AddAction(
-        file, "mnuFilePrintToFile", "Print to &File", [] {}, 0)
-        ->setVisible(false);
+        file, "mnuFilePrintToFile", "Print to &File", [] { mnuFilePrintToFile_Click(); }, 1,
+        "frmPrint");
     QAction* mruSep = file->addSeparator();
     mruSep->setObjectName("mnuFileMRUSep");
     for (int i = 0; i < 4; ++i) {
@@ -538,6 +538,13 @@ bool frmMain::IsFormLoaded(const std::string& name) {
 
 std::string frmMain::StatusText() {
     return S(statusPanel_->text());
+}
+
+std::string frmMain::ActiveChild() {
+    // The current child stays current while a dialog of the program is in front.
+    QMdiSubWindow* sub = mdi_->currentSubWindow();
+    if (!sub || sub->isHidden() || !sub->widget()) return {};
+    return S(sub->widget()->objectName());
 }
 
 void frmMain::UnloadDisplays(bool withTransaction) {

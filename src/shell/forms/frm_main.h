@@ -55,6 +55,7 @@ class frmMain : public QMainWindow, public ShellPort {
     void UnloadForm(const std::string& name) override;
     bool IsFormLoaded(const std::string& name) override;
     std::string StatusText() override;
+    std::string ActiveChild() override;
     void UnloadDisplays(bool withTransaction) override;
 
     // The window arrangements of the Window menu: 0 cascade, 1 tile horizontally, 2 tile

@@ -6,11 +6,14 @@
 #include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QScreen>
 #include <QStandardPaths>
 #include <algorithm>
 
 #include "model/app_error.h"
+#include "model/error_path.h"
 
 namespace tt::gui {
 
@@ -47,8 +50,16 @@ QString DocumentsFolder() {
 
 }  // namespace
 
-QtPrinter::QtPrinter() : printer_(NewDevice()) {
+QtPrinter::QtPrinter() : printer_(NewDevice()), device_(printer_.get()) {
     if (QPrinterInfo::availablePrinters().isEmpty()) printer_->setOutputFormat(QPrinter::PdfFormat);
+    SetUpFont();
+}
+
+QtPrinter::QtPrinter(QPrinter& device) : device_(&device), bound_(true) {
+    SetUpFont();
+}
+
+void QtPrinter::SetUpFont() {
     font_.setFamilies(
         {"Courier", "Courier New", "Nimbus Mono PS", "Liberation Mono", "DejaVu Sans Mono"});
     font_.setStyleHint(QFont::TypeWriter);
@@ -82,34 +93,34 @@ void QtPrinter::SetBold(bool bold) {
 }
 
 int QtPrinter::Copies() {
-    return printer_->copyCount();
+    return device_->copyCount();
 }
 
 void QtPrinter::SetCopies(int copies) {
-    printer_->setCopyCount(std::max(1, copies));
+    device_->setCopyCount(std::max(1, copies));
 }
 
 double QtPrinter::Twips(double devicePixels) const {
-    return devicePixels * 1440.0 / printer_->resolution();
+    return devicePixels * 1440.0 / device_->resolution();
 }
 
 double QtPrinter::TextHeight(const std::string& text) {
-    const QFontMetricsF m(font_, printer_.get());
+    const QFontMetricsF m(font_, device_);
     const auto lines = 1 + std::count(text.begin(), text.end(), '\n');
     return Twips(m.lineSpacing() * static_cast<double>(lines));
 }
 
 double QtPrinter::PageHeight() {
-    return Twips(printer_->pageLayout().paintRectPixels(printer_->resolution()).height());
+    return Twips(device_->pageLayout().paintRectPixels(device_->resolution()).height());
 }
 
 bool QtPrinter::PrintsToPdf() const {
-    return printer_->outputFormat() == QPrinter::PdfFormat;
+    return device_->outputFormat() == QPrinter::PdfFormat;
 }
 
 void QtPrinter::PrintToPdf(const QString& path) {
-    auto target = painter_.isActive() ? CopyOf(pending_ ? *pending_ : *printer_) : nullptr;
-    QPrinter& p = target ? *target : *printer_;
+    auto target = painter_.isActive() ? CopyOf(pending_ ? *pending_ : *device_) : nullptr;
+    QPrinter& p = target ? *target : *device_;
     p.setOutputFormat(QPrinter::PdfFormat);
     if (!path.isEmpty()) p.setOutputFileName(path);
     chosenPdf_ = path;
@@ -139,25 +150,26 @@ QString QtPrinter::NextPdfName() {
 
 void QtPrinter::Begin() {
     if (painter_.isActive()) return;
-    if (PrintsToPdf()) {
+    if (bound_) {
+        pdfFile_.clear();
+    } else if (PrintsToPdf()) {
         pdfFile_ = NextPdfName();
         QDir().mkpath(QFileInfo(pdfFile_).path());
-        printer_->setOutputFileName(pdfFile_);
+        device_->setOutputFileName(pdfFile_);
     } else {
         pdfFile_.clear();
     }
-    if (!painter_.begin(printer_.get()))
-        throw AppError(kErrPrinter, "The printer could not be started");
+    if (!painter_.begin(device_)) throw AppError(kErrPrinter, "The printer could not be started");
     ApplyFont();
     y_ = 0;
 }
 
 void QtPrinter::PrintLine(const std::string& text) {
     Begin();
-    const QFontMetricsF m(painter_.font(), printer_.get());
-    const double bottom = printer_->pageLayout().paintRectPixels(printer_->resolution()).height();
+    const QFontMetricsF m(painter_.font(), device_);
+    const double bottom = device_->pageLayout().paintRectPixels(device_->resolution()).height();
     if (y_ > 0 && y_ + m.lineSpacing() > bottom) {
-        printer_->newPage();
+        device_->newPage();
         y_ = 0;
     }
     painter_.drawText(QPointF(0, y_ + m.ascent()), QString::fromStdString(text));
@@ -166,21 +178,24 @@ void QtPrinter::PrintLine(const std::string& text) {
 
 void QtPrinter::NewPage() {
     Begin();
-    printer_->newPage();
+    device_->newPage();
     y_ = 0;
 }
 
 void QtPrinter::EndDoc() {
     if (painter_.isActive()) painter_.end();
     y_ = 0;
-    if (pending_) printer_ = std::move(pending_);
+    if (pending_) {
+        printer_ = std::move(pending_);
+        device_ = printer_.get();
+    }
 }
 
 bool QtPrinter::SetupDialog() {
     // While a document is open its device stays as it is; the choice waits for the next one.
     std::unique_ptr<QPrinter> scratch;
-    if (painter_.isActive()) scratch = CopyOf(pending_ ? *pending_ : *printer_);
-    QPrinter& target = scratch ? *scratch : *printer_;
+    if (painter_.isActive()) scratch = CopyOf(pending_ ? *pending_ : *device_);
+    QPrinter& target = scratch ? *scratch : *device_;
     QPrintDialog dialog(&target, QApplication::activeWindow());
     dialog.setWindowTitle("Print Setup");
     dialog.setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
@@ -193,6 +208,45 @@ bool QtPrinter::SetupDialog() {
         chosenPdf_.clear();
     }
     if (scratch) pending_ = std::move(scratch);
+    return true;
+}
+
+bool QtPrinter::Preview(const Report& report) {
+    // A device set up like the printer chosen, so that tickets waiting in the open document stay
+    // as they are; printing from the preview goes to it.
+    const std::unique_ptr<QPrinter> device = CopyOf(pending_ ? *pending_ : *device_);
+    QPrintPreviewDialog dialog(device.get(), QApplication::activeWindow());
+    dialog.setWindowTitle("Print Preview");
+    dialog.resize(dialog.screen() ? dialog.screen()->availableSize() * 3 / 4 : QSize(900, 700));
+    QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog, [&](QPrinter* p) {
+        // The same report on a printer bound to the pages of the preview.
+        QtPrinter bound(*p);
+        try {
+            report(bound);
+            bound.EndDoc();
+        } catch (const std::exception& e) {
+            bound.EndDoc();
+            ShowUnexpectedError(ToAppError(e));
+        }
+    });
+    dialog.exec();
+    return true;
+}
+
+bool QtPrinter::SaveAsPdf(const std::string& path, const Report& report) {
+    const std::unique_ptr<QPrinter> device = NewDevice();
+    device->setOutputFormat(QPrinter::PdfFormat);
+    device->setOutputFileName(QString::fromStdString(path));
+    device->setPageLayout((pending_ ? *pending_ : *device_).pageLayout());
+    QtPrinter bound(*device);
+    try {
+        report(bound);
+        bound.EndDoc();
+    } catch (const AppError& e) {
+        // A file that cannot be written is the caller's to report.
+        if (e.Number() != kErrPrinter) throw;
+        return false;
+    }
     return true;
 }
 

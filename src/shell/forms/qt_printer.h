@@ -17,6 +17,9 @@ namespace tt::gui {
 class QtPrinter : public PrinterPort {
   public:
     QtPrinter();
+    // A printer bound to a device it does not own, such as the pages of a print preview or a PDF
+    // export: the pages go to that device as it is set up.
+    explicit QtPrinter(QPrinter& device);
     // An open document is ended, so that its pages are not lost.
     ~QtPrinter() override;
     QtPrinter(const QtPrinter&) = delete;
@@ -36,9 +39,13 @@ class QtPrinter : public PrinterPort {
     // The choice of printer, "Print to File (PDF)" among them. While a document is open the
     // choice holds from the next document on.
     bool SetupDialog() override;
+    // The report in a print preview on a device set up like the printer chosen, and as a PDF
+    // file of the chosen page layout: the report runs on a printer bound to each.
+    bool Preview(const Report& report) override;
+    bool SaveAsPdf(const std::string& path, const Report& report) override;
 
     // The device, for print preview and PDF export built on top of this printer.
-    QPrinter& Device() { return *printer_; }
+    QPrinter& Device() { return *device_; }
     bool DocumentOpen() const { return painter_.isActive(); }
     // From the next document on, documents go to this PDF file; when it is already there a
     // document goes beside it as "name 2.pdf", "name 3.pdf", ..., never over a file. An empty
@@ -50,11 +57,14 @@ class QtPrinter : public PrinterPort {
 
   private:
     void Begin();
+    void SetUpFont();
     void ApplyFont();
     QString NextPdfName();
     double Twips(double devicePixels) const;
 
-    std::unique_ptr<QPrinter> printer_;
+    std::unique_ptr<QPrinter> printer_;  // the printer's own device; none when bound
+    QPrinter* device_ = nullptr;         // the device the pages go to
+    bool bound_ = false;
     // A choice made in the set-up while a document was open: used from the next document.
     std::unique_ptr<QPrinter> pending_;
     QPainter painter_;
