@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 #include <string>
 
 #include "files/race_file_io.h"
@@ -63,7 +64,7 @@ int main(int argc, char** argv) {
     const std::string path = (std::filesystem::temp_directory_path() /
                               ("tally-load-memory-" + std::to_string(getpid()) + ".tly"))
                                  .string();
-    tt::MakeRealFileSystem()->WriteAll(path, text);
+    std::ofstream(path, std::ios::binary) << text;
 
     int status = 0;
     pid_t child = fork();

@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "files/file_commands.h"
+#include "memory_files.h"
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
@@ -102,30 +103,7 @@ class FixedRandom : public RandomPort {
     double Rnd() override { return 4171.5 / 30000.0; }
 };
 
-class MemoryFiles : public FileSystemPort {
-  public:
-    std::map<std::string, std::string> files;
-    std::string ReadAll(const std::string& path) override {
-        auto it = files.find(path);
-        if (it == files.end()) throw AppError(kErrFileNotFound);
-        return it->second;
-    }
-    void WriteAll(const std::string& path, std::string_view data) override {
-        files[path] = std::string(data);
-    }
-    void Append(const std::string& path, std::string_view data) override {
-        files[path].append(data);
-    }
-    void Rename(const std::string& from, const std::string& to) override {
-        auto it = files.find(from);
-        if (it == files.end()) throw AppError(kErrFileNotFound);
-        files[to] = it->second;
-        files.erase(it);
-    }
-    void Remove(const std::string& path) override {
-        if (files.erase(path) == 0) throw AppError(kErrFileNotFound);
-    }
-};
+using MemoryFiles = bench::MemoryFileSystem;
 
 // ---- The card -----------------------------------------------------------------------------
 
