@@ -1,10 +1,12 @@
 #pragma once
-// The tables of the document: fixed bounds, or a growable upper bound that is reallocated
-// exactly as the document asks. Every index is checked: a bad one raises the subscript error,
-// and a table too large to hold raises the out-of-memory error before anything is allocated.
+// The tables of the document: fixed bounds, or a growable upper bound that the document sets
+// exactly, with storage that follows what is in use. Every index is checked: a bad one raises the
+// subscript error, and a table too large to hold raises the out-of-memory error before anything is
+// allocated.
 
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "model/app_error.h"
@@ -74,8 +76,101 @@ class Table1 {
     std::vector<T> v_;
 };
 
-// A table of (0 to 21, 0 to UBound()): the race index is fixed, the second grows.
-template <class T>
+// The storage of a growable table: pages of 2^Bits elements, each allocated when an element
+// on it is first reached for writing. What is stored grows with what is used, not with the
+// bounds, and an element never moves while the bounds keep it: a reference taken to one slot
+// stays good while other slots are reached. A read of a slot on a page never written gives an
+// empty element.
+template <class T, int Bits>
+class PagedStore {
+  public:
+    static constexpr std::int64_t kPage = std::int64_t{1} << Bits;
+
+    PagedStore() = default;
+    PagedStore(const PagedStore& other) { *this = other; }
+    PagedStore& operator=(const PagedStore& other) {
+        if (this == &other) return *this;
+        pages_.clear();
+        pages_.resize(other.pages_.size());
+        for (std::size_t i = 0; i < pages_.size(); ++i)
+            if (other.pages_[i]) pages_[i] = std::make_unique<Page>(*other.pages_[i]);
+        return *this;
+    }
+    PagedStore(PagedStore&&) noexcept = default;
+    PagedStore& operator=(PagedStore&&) noexcept = default;
+
+    T& At(std::int64_t i) {
+        std::unique_ptr<Page>& page = pages_[static_cast<std::size_t>(i >> Bits)];
+        if (!page) [[unlikely]]
+            page = std::make_unique<Page>();
+        return (*page)[static_cast<std::size_t>(i & (kPage - 1))];
+    }
+    const T& Get(std::int64_t i) const {
+        const std::unique_ptr<Page>& page = pages_[static_cast<std::size_t>(i >> Bits)];
+        if (!page) [[unlikely]]
+            return Empty();
+        return (*page)[static_cast<std::size_t>(i & (kPage - 1))];
+    }
+
+    // Room for elements 0 to ub, keeping those that stay and emptying the others.
+    void Resize(std::int64_t ub) {
+        const std::size_t pages = static_cast<std::size_t>((ub >> Bits) + 1);
+        pages_.resize(pages);
+        if (Page* last = pages_.back().get())
+            for (auto i = static_cast<std::size_t>((ub & (kPage - 1)) + 1); i < last->size(); ++i)
+                (*last)[i] = T{};
+    }
+    void Clear() { pages_.clear(); }
+
+  private:
+    using Page = std::array<T, static_cast<std::size_t>(kPage)>;
+    static const T& Empty() {
+        static const T empty{};
+        return empty;
+    }
+    std::vector<std::unique_ptr<Page>> pages_;
+};
+
+// A table of 0 to UBound() elements stored in pages: for tables whose bound comes from a file
+// and may be far above what is in use, such as the tickets.
+template <class T, int Bits = 6>
+class PagedTable1 {
+  public:
+    std::int64_t UBound() const { return ub_; }
+
+    void ReDim(std::int64_t ub) {
+        Check(ub);
+        store_.Clear();
+        store_.Resize(ub);
+        ub_ = ub;
+    }
+    void ReDimPreserve(std::int64_t ub) {
+        Check(ub);
+        store_.Resize(ub);
+        ub_ = ub;
+    }
+
+    T& operator()(std::int64_t i) {
+        if (i < 0 || i > ub_) Raise(kErrSubscript);
+        return store_.At(i);
+    }
+    const T& operator()(std::int64_t i) const {
+        if (i < 0 || i > ub_) Raise(kErrSubscript);
+        return store_.Get(i);
+    }
+
+  private:
+    static void Check(std::int64_t ub) {
+        if (ub < 0) Raise(kErrSubscript);
+        if (ub >= kMaxTableElements) Raise(kErrOutOfMemory);
+    }
+    PagedStore<T, Bits> store_;
+    std::int64_t ub_ = -1;
+};
+
+// A table of (0 to 21, 0 to UBound()): the race index is fixed, the second grows. Each race
+// stores only the slots reached in it, so one race with many bets does not size the others.
+template <class T, int Bits = 8>
 class RaceTable {
   public:
     static constexpr int kRaces = 22;
@@ -85,24 +180,24 @@ class RaceTable {
     void ReDim(std::int64_t ub) {
         Check(ub);
         for (auto& row : rows_) {
-            row.clear();
-            row.resize(static_cast<std::size_t>(ub + 1));
+            row.Clear();
+            row.Resize(ub);
         }
         ub_ = ub;
     }
     void ReDimPreserve(std::int64_t ub) {
         Check(ub);
-        for (auto& row : rows_) row.resize(static_cast<std::size_t>(ub + 1));
+        for (auto& row : rows_) row.Resize(ub);
         ub_ = ub;
     }
 
     T& operator()(std::int64_t race, std::int64_t n) {
         if (race < 0 || race >= kRaces || n < 0 || n > ub_) Raise(kErrSubscript);
-        return rows_[static_cast<std::size_t>(race)][static_cast<std::size_t>(n)];
+        return rows_[static_cast<std::size_t>(race)].At(n);
     }
     const T& operator()(std::int64_t race, std::int64_t n) const {
         if (race < 0 || race >= kRaces || n < 0 || n > ub_) Raise(kErrSubscript);
-        return rows_[static_cast<std::size_t>(race)][static_cast<std::size_t>(n)];
+        return rows_[static_cast<std::size_t>(race)].Get(n);
     }
 
   private:
@@ -110,7 +205,7 @@ class RaceTable {
         if (ub < 0) Raise(kErrSubscript);
         if (ub >= kMaxTableElements / kRaces) Raise(kErrOutOfMemory);
     }
-    std::array<std::vector<T>, kRaces> rows_;
+    std::array<PagedStore<T, Bits>, kRaces> rows_;
     std::int64_t ub_ = -1;
 };
 
