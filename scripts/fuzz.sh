@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Long fuzzing of the race file: the libFuzzer build of the round-trip target (preset "fuzz",
+# clang with the address and undefined behaviour sanitizers), run on one core for SECONDS
+# (default 600) over a corpus kept in build/fuzz/corpus, seeded with the driver's seeds, the
+# example cards and the inputs kept in fuzz/regressions. Inputs that fail land in
+# build/fuzz/artifacts; keep them in fuzz/regressions once mended.
+#
+#   scripts/fuzz.sh [SECONDS]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+seconds="${1:-600}"
+
+if ! command -v clang++ >/dev/null; then
+  sudo=""
+  [ "$(id -u)" -ne 0 ] && sudo="sudo"
+  $sudo apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq clang
+fi
+scripts/install-deps.sh
+
+command -v ccache >/dev/null && export CMAKE_CXX_COMPILER_LAUNCHER=ccache
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz -j 2 --target fuzz_race_file fuzz_race_file_driver
+
+build=build/fuzz
+mkdir -p "$build/corpus" "$build/artifacts" "$build/seeds"
+"$build/fuzz/fuzz_race_file_driver" --write-seeds "$build/seeds" examples fuzz/regressions
+# One process on one core; a slow input or one that takes memory out of proportion is a
+# failure as much as a crash.
+exec "$build/fuzz/fuzz_race_file" -max_total_time="$seconds" -max_len=65536 -timeout=10 \
+  -rss_limit_mb=2048 -print_final_stats=1 -artifact_prefix="$build/artifacts/" \
+  "$build/corpus" "$build/seeds"
