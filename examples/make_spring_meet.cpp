@@ -525,11 +525,11 @@ int main(int argc, char** argv) {
     const std::string name = "spring-meet.tly";
     SaveCard(dialog, name);
 
-    if (messages.failed || shell.failed || G.FileChanged || !files.files.count(name)) {
+    if (messages.failed || shell.failed || G.FileChanged || !files.Has(name)) {
         std::fprintf(stderr, "make-spring-meet: the card was not made\n");
         return 1;
     }
-    const std::string& text = files.files[name];
+    const std::string& text = files.Get(name);
     std::FILE* f = std::fopen(argv[1], "wb");
     if (!f || std::fwrite(text.data(), 1, text.size(), f) != text.size() || std::fclose(f) != 0) {
         std::perror(argv[1]);

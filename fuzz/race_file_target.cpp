@@ -73,8 +73,8 @@ FuzzWorld& world() {
 
 void Load(std::string_view bytes) {
     tt::ResetProcessState();
-    world().files.files.clear();
-    world().files.files[kPath] = std::string(bytes);
+    world().files.Clear();
+    world().files.Put(kPath, std::string(bytes));
     tt::G.FilePath = kPath;
     tt::G.CancelFlag = false;
     tt::OpenRaceFile();
@@ -120,17 +120,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view original(reinterpret_cast<const char*>(data), size);
     Load(original);
     if (!Loaded()) return 0;
+    auto& disk = world().files;
+    const auto before = disk.Snapshot();
     Save();
-    auto& files = world().files.files;
+    const auto after = disk.Snapshot();
     if (tt::G.CancelFlag) {
-        if (files.size() != 1 || files.begin()->second != original)
-            Fault("a failed save touched the disk");
+        if (after != before) Fault("a failed save touched the disk");
         if (tt::G.FileChanged != tt::Flag(true)) Fault("a failed save marked the card saved");
         return 0;
     }
-    if (files.size() != 2 || files[kBackup] != original)
-        Fault("the save left other than the card and its backup");
-    const std::string first = files[kPath];
+    // The card and its backup change, and the recovery file when the save clears it.
+    for (const auto& [name, bytes] : after) {
+        if (name == kPath || name == tt::RF.RecoveryFile) continue;
+        auto was = before.find(name);
+        if (name == kBackup ? bytes != original : was == before.end() || was->second != bytes)
+            Fault("the save left other than the card and its backup");
+    }
+    const std::string first = disk.Get(kPath);
     Load(first);
     if (!Loaded()) {
         if (VersionOf(original) != "1.0") Fault("a saved card does not load");
@@ -138,6 +144,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     Save();
     if (tt::G.CancelFlag) Fault("a saved card loads but does not save");
-    if (world().files.files[kPath] != first) Fault("a saved card saves to other bytes");
+    if (disk.Get(kPath) != first) Fault("a saved card saves to other bytes");
     return 0;
 }

@@ -4,6 +4,7 @@
 // subscript error, and a table too large to hold raises the out-of-memory error before anything is
 // allocated.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <memory>
@@ -67,6 +68,7 @@ class Table1 {
         if (i < 0 || i > UBound()) Raise(kErrSubscript);
         return v_[static_cast<std::size_t>(i)];
     }
+    std::size_t StoredBytes() const { return v_.capacity() * sizeof(T); }
 
   private:
     static void Check(std::int64_t ub) {
@@ -94,33 +96,55 @@ class PagedStore {
         pages_.resize(other.pages_.size());
         for (std::size_t i = 0; i < pages_.size(); ++i)
             if (other.pages_[i]) pages_[i] = std::make_unique<Page>(*other.pages_[i]);
+        stored_ = other.stored_;
         return *this;
     }
     PagedStore(PagedStore&&) noexcept = default;
     PagedStore& operator=(PagedStore&&) noexcept = default;
 
     T& At(std::int64_t i) {
-        std::unique_ptr<Page>& page = pages_[static_cast<std::size_t>(i >> Bits)];
-        if (!page) [[unlikely]]
+        const auto p = static_cast<std::size_t>(i >> Bits);
+        if (p >= pages_.size()) [[unlikely]]
+            pages_.resize(p + 1);
+        std::unique_ptr<Page>& page = pages_[p];
+        if (!page) [[unlikely]] {
             page = std::make_unique<Page>();
+            ++stored_;
+        }
         return (*page)[static_cast<std::size_t>(i & (kPage - 1))];
     }
     const T& Get(std::int64_t i) const {
-        const std::unique_ptr<Page>& page = pages_[static_cast<std::size_t>(i >> Bits)];
-        if (!page) [[unlikely]]
+        const auto p = static_cast<std::size_t>(i >> Bits);
+        if (p >= pages_.size() || !pages_[p]) [[unlikely]]
             return Empty();
-        return (*page)[static_cast<std::size_t>(i & (kPage - 1))];
+        return (*pages_[p])[static_cast<std::size_t>(i & (kPage - 1))];
     }
 
-    // Room for elements 0 to ub, keeping those that stay and emptying the others.
-    void Resize(std::int64_t ub) {
-        const std::size_t pages = static_cast<std::size_t>((ub >> Bits) + 1);
-        pages_.resize(pages);
-        if (Page* last = pages_.back().get())
-            for (auto i = static_cast<std::size_t>((ub & (kPage - 1)) + 1); i < last->size(); ++i)
-                (*last)[i] = T{};
+    // Keeps elements 0 to ub, where the bound was old, and empties the others. The list of
+    // pages reaches only as far as the pages written, so a bound far above what is in use
+    // costs nothing; elements past the bound are always empty, so growing writes nothing.
+    void Resize(std::int64_t old, std::int64_t ub) {
+        if (ub >= old) return;
+        const auto pages = static_cast<std::size_t>((ub >> Bits) + 1);
+        if (pages < pages_.size()) {
+            for (std::size_t i = pages; i < pages_.size(); ++i) stored_ -= pages_[i] ? 1 : 0;
+            pages_.resize(pages);
+        }
+        if (pages == pages_.size() && pages_.back()) {
+            Page& last = *pages_.back();
+            const std::int64_t end = std::min(old, (static_cast<std::int64_t>(pages) << Bits) - 1);
+            for (std::int64_t i = ub + 1; i <= end; ++i)
+                last[static_cast<std::size_t>(i & (kPage - 1))] = T{};
+        }
     }
-    void Clear() { pages_.clear(); }
+    void Clear() {
+        pages_.clear();
+        stored_ = 0;
+    }
+    // The bytes the store takes: its pages and the list of them.
+    std::size_t StoredBytes() const {
+        return pages_.capacity() * sizeof(pages_[0]) + stored_ * sizeof(Page);
+    }
 
   private:
     using Page = std::array<T, static_cast<std::size_t>(kPage)>;
@@ -129,11 +153,12 @@ class PagedStore {
         return empty;
     }
     std::vector<std::unique_ptr<Page>> pages_;
+    std::size_t stored_ = 0;  // pages allocated
 };
 
 // A table of 0 to UBound() elements stored in pages: for tables whose bound comes from a file
 // and may be far above what is in use, such as the tickets.
-template <class T, int Bits = 6>
+template <class T, int Bits = 4>
 class PagedTable1 {
   public:
     std::int64_t UBound() const { return ub_; }
@@ -141,12 +166,12 @@ class PagedTable1 {
     void ReDim(std::int64_t ub) {
         Check(ub);
         store_.Clear();
-        store_.Resize(ub);
+        store_.Resize(-1, ub);
         ub_ = ub;
     }
     void ReDimPreserve(std::int64_t ub) {
         Check(ub);
-        store_.Resize(ub);
+        store_.Resize(ub_, ub);
         ub_ = ub;
     }
 
@@ -158,6 +183,7 @@ class PagedTable1 {
         if (i < 0 || i > ub_) Raise(kErrSubscript);
         return store_.Get(i);
     }
+    std::size_t StoredBytes() const { return store_.StoredBytes(); }
 
   private:
     static void Check(std::int64_t ub) {
@@ -170,7 +196,8 @@ class PagedTable1 {
 
 // A table of (0 to 21, 0 to UBound()): the race index is fixed, the second grows. Each race
 // stores only the slots reached in it, so one race with many bets does not size the others.
-template <class T, int Bits = 8>
+// Pages are small by default, as for the racers of a race; the bets take larger ones.
+template <class T, int Bits = 4>
 class RaceTable {
   public:
     static constexpr int kRaces = 22;
@@ -181,13 +208,13 @@ class RaceTable {
         Check(ub);
         for (auto& row : rows_) {
             row.Clear();
-            row.Resize(ub);
+            row.Resize(-1, ub);
         }
         ub_ = ub;
     }
     void ReDimPreserve(std::int64_t ub) {
         Check(ub);
-        for (auto& row : rows_) row.Resize(ub);
+        for (auto& row : rows_) row.Resize(ub_, ub);
         ub_ = ub;
     }
 
@@ -198,6 +225,11 @@ class RaceTable {
     const T& operator()(std::int64_t race, std::int64_t n) const {
         if (race < 0 || race >= kRaces || n < 0 || n > ub_) Raise(kErrSubscript);
         return rows_[static_cast<std::size_t>(race)].Get(n);
+    }
+    std::size_t StoredBytes() const {
+        std::size_t bytes = 0;
+        for (const auto& row : rows_) bytes += row.StoredBytes();
+        return bytes;
     }
 
   private:
