@@ -85,7 +85,8 @@ int LoadInChild(const char* self, const std::string& path) {
 }
 
 std::string TempPath(const std::string& name) {
-    return (fs::temp_directory_path() / ("tally-load-memory-" + std::to_string(getpid()) + "-" + name))
+    return (fs::temp_directory_path() /
+            ("tally-load-memory-" + std::to_string(getpid()) + "-" + name))
         .string();
 }
 

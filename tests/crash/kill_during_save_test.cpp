@@ -37,7 +37,7 @@ pid_t StartSettle(const std::string& card, const std::string& out) {
     if (pid == 0) {
         std::freopen("/dev/null", "w", stdout);
         std::freopen("/dev/null", "w", stderr);
-        std::vector<std::string> args = {TALLY_BINARY, "settle",    card,   "--race", "11",
+        std::vector<std::string> args = {TALLY_BINARY, "settle",    card,         "--race", "11",
                                          "--result",   "1,2,3,4,5", "--handling", "most"};
         if (!out.empty()) {
             args.push_back("-o");
@@ -53,6 +53,7 @@ pid_t StartSettle(const std::string& card, const std::string& out) {
 }
 
 int Wait(pid_t pid) {
+    // Every kill waits for its process, so no zombie is left.
     int status = 0;
     waitpid(pid, &status, 0);
     return status;
@@ -73,22 +74,43 @@ TEST(KillDuringSave, ThePathHoldsTheOldCardOrTheNewOneWhole) {
     WriteFile(card, old);
     const std::string reference = dir.filePath("reference.tly").toStdString();
     const auto start = Clock::now();
-    ASSERT_EQ(Wait(StartSettle(card, reference)), 0);
+    pid_t pid = StartSettle(card, reference);
+    // Watch for the temporaries of the save, to know when it runs.
+    Clock::duration saveStart{}, saveEnd{};
+    int status = 0;
+    while (waitpid(pid, &status, WNOHANG) == 0) {
+        bool temporary = false;
+        for (const auto& e : fs::directory_iterator(dir.path().toStdString()))
+            temporary = temporary || e.path().extension() == ".tmp";
+        if (temporary) {
+            if (saveStart == Clock::duration{}) saveStart = Clock::now() - start;
+            saveEnd = Clock::now() - start;
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     const auto runtime = Clock::now() - start;
+    ASSERT_GT(saveEnd, saveStart) << "the save was never seen";
     const std::string settled = WithoutHeader(ReadFile(reference));
     ASSERT_NE(settled, WithoutHeader(old));
     fs::remove(reference);
 
+    // Two kills in three land around the save, which comes a little earlier when nobody is
+    // watching the folder; the others anywhere.
+    using us = std::chrono::microseconds;
+    auto micros = [](Clock::duration d) { return std::chrono::duration_cast<us>(d).count(); };
+    const std::int64_t margin = micros(saveEnd - saveStart) / 4;
     std::mt19937_64 rng(20260502);
-    std::uniform_int_distribution<std::int64_t> moment(
-        0, std::chrono::duration_cast<std::chrono::microseconds>(runtime).count() * 6 / 5);
+    std::uniform_int_distribution<std::int64_t> anywhere(0, micros(runtime) * 6 / 5);
+    std::uniform_int_distribution<std::int64_t> inSave(micros(saveStart) * 3 / 5,
+                                                       micros(saveEnd) + margin);
     int asOld = 0, midSave = 0, asNew = 0;
     for (int kill = 0; kill < kKills; ++kill) {
         SCOPED_TRACE(kill);
         fs::remove(backup);
         WriteFile(card, old);
         pid_t pid = StartSettle(card, "");
-        std::this_thread::sleep_for(std::chrono::microseconds(moment(rng)));
+        std::this_thread::sleep_for(us(kill % 3 == 2 ? anywhere(rng) : inSave(rng)));
         ::kill(pid, SIGKILL);
         Wait(pid);
 
@@ -105,13 +127,16 @@ TEST(KillDuringSave, ThePathHoldsTheOldCardOrTheNewOneWhole) {
             ASSERT_TRUE(WithoutHeader(now) == settled) << "the card at its path is neither";
             ++(left.empty() ? asNew : midSave);
         }
-        if (fs::exists(backup)) ASSERT_TRUE(ReadFile(backup) == old);
+        if (fs::exists(backup)) {
+            ASSERT_TRUE(ReadFile(backup) == old);
+        }
         // A temporary left by the kill holds nothing the path needs.
         for (const std::string& name : left) fs::remove(name);
     }
-    std::printf("kills: %d, before the save or in it with the old card whole: %d, "
-                "with temporaries left: %d, after it with the new card whole: %d\n",
-                kKills, asOld, midSave, asNew);
+    std::printf(
+        "kills: %d, before the save or in it with the old card whole: %d, "
+        "with temporaries left: %d, after it with the new card whole: %d\n",
+        kKills, asOld, midSave, asNew);
     EXPECT_EQ(asOld + midSave + asNew, kKills);
 }
 

@@ -147,6 +147,38 @@ TEST(Tables, BadIndexIsError9AndOversizeIsError7) {
     EXPECT_EQ(ErrorOf([&] { p(0, 0, -1); }), kErrSubscript);
 }
 
+TEST(Tables, StorageFollowsUseAndSlotsStayPut) {
+    RaceTable<std::int64_t> r;
+    r.ReDim(100000);
+    EXPECT_LT(r.StoredBytes(), 64u * 1024);  // a bound far above use stores nothing
+    const RaceTable<std::int64_t>& read = r;
+    EXPECT_EQ(read(5, 99999), 0);  // an unstored slot reads empty and stays unstored
+    EXPECT_LT(r.StoredBytes(), 64u * 1024);
+
+    std::int64_t& first = r(3, 1);
+    first = 11;
+    for (std::int64_t n = 2; n <= 100000; ++n) r(3, n) = n;  // reaching other slots ...
+    EXPECT_EQ(&first, &r(3, 1));                             // ... moves none
+    EXPECT_EQ(first, 11);
+
+    // A shrink empties what it drops, so growing again shows empty slots.
+    r.ReDimPreserve(40);
+    r.ReDimPreserve(100);
+    EXPECT_EQ(r(3, 40), 40);
+    EXPECT_EQ(r(3, 41), 0);
+    EXPECT_EQ(r(3, 100), 0);
+
+    PagedTable1<std::int32_t> t;
+    t.ReDim(16777215);
+    EXPECT_LT(t.StoredBytes(), 4096u);
+    t(16777215) = 5;
+    EXPECT_EQ(t(16777215), 5);
+    EXPECT_EQ(ErrorOf([&] { t(16777216); }), kErrSubscript);
+    RaceTable<std::int64_t> copy = r;
+    copy(3, 1) = 12;
+    EXPECT_EQ(r(3, 1), 11);
+}
+
 TEST(DateTimeStamp, ParsesWritesAndCountsDays) {
     auto t = DateTime::Parse("2026-05-02 14:30:05");
     ASSERT_TRUE(t);
