@@ -120,7 +120,6 @@ class FieldReader {
     // The end of the file: nothing is left to read.
     bool AtEnd() const { return pos_ >= data_.size(); }
     std::size_t Position() const { return pos_; }
-    std::size_t Size() const { return data_.size(); }
 
     // The next field: the text inside its quotes, or the bare text with the blanks around it
     // trimmed.

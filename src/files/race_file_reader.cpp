@@ -243,17 +243,6 @@ void ReadBet10(FieldReader& in) {
     t.LastBet = G.CurrentBet;
 }
 
-// The room the tables may take while a file is read: three times the file and 40 MB, so that
-// with the file itself, and the pages added between two looks, a load never takes more than
-// four times its size and 64 MB. A real card
-// takes well under its own size; only a file made to spread a few records over far-apart slots
-// (tickets numbered thousands apart, say) comes near, and it is refused as out of memory.
-void CheckTableRoom(std::size_t fileBytes) {
-    const std::size_t stored = RF.Racer.StoredBytes() + RF.Bet.StoredBytes() +
-                               RF.Bettor.StoredBytes() + RF.Ticket.StoredBytes();
-    if (stored > 3 * fileBytes + (std::size_t{40} << 20)) Raise(kErrOutOfMemory);
-}
-
 // The records after the header, in the order they stand in the file. Version 1.0 has its own
 // parameters and bets and no quick bets.
 template <bool kVersion10>
@@ -296,8 +285,10 @@ void ReadRecords(FieldReader& in, ReadProgress& progress) {
             case Tag::kNone:
                 break;
         }
-        // A record adds a page at most; a look now and then is enough.
-        if (progress.count % 512 == 0) CheckTableRoom(in.Size());
+        // A record takes a few pages at most; a look now and then is enough.
+        if (progress.count % 1024 == 0 && progress.memoryLimit != 0 &&
+            ResidentBytes() > progress.memoryLimit)
+            Raise(kErrOutOfMemory);
     }
 }
 
@@ -346,6 +337,7 @@ void OpenRaceFile() {
     }
     Shell().SetBusy(true);
 
+    const std::size_t resident = ResidentBytes();
     std::string data;
     try {
         data = Files().ReadAll(G.FilePath);
@@ -405,6 +397,7 @@ void OpenRaceFile() {
     }
 
     ReadProgress progress;
+    if (resident != 0) progress.memoryLimit = resident + 4 * data.size() + (std::size_t{48} << 20);
     if (version == "1.0") {
         try {
             ReadRaceFile10(in, progress);

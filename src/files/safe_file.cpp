@@ -20,7 +20,9 @@ void ReplaceFileContents(const std::string& path, std::string_view data) {
     file.Commit();
 }
 
-FileReplacement::FileReplacement(const std::string& path) : path_(Files().Target(path)) {
+FileReplacement::FileReplacement(const std::string& path) {
+    if (path.empty()) throw AppError(kErrFileNotFound);
+    path_ = Files().Target(path);
     switch (Files().Kind(path_)) {
         case FileKind::kMissing:
             break;
