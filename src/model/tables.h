@@ -283,9 +283,10 @@ class ZeroedRaceTable {
     ZeroedTable<T, kRaces> t_;
 };
 
-// A table of (0 to 21, 0 to UBound()): the race index is fixed, the second grows. Each race
-// stores only the slots reached in it, so one race with many bets does not size the others.
-// Pages are small by default, as for the racers of a race; the bets take larger ones.
+// A table of (0 to 21, 0 to UBound()) of records with texts, such as the racers: the race index
+// is fixed, the second grows. Each race stores only the pages of slots written in it, so one
+// race with many racers does not size the others, and a slot never moves while the bound keeps
+// it.
 template <class T, int Bits = 4>
 class RaceTable {
   public:

@@ -225,5 +225,21 @@ TEST(RaceFileRegressions, TextsSavedUncleanedChangeOnceMore) {
     EXPECT_EQ(RF.RecoveryFile, "\x1f");
 }
 
+TEST(RaceFileRegressions, ATicketZeroWithABettorComesToRestAtTheSecondSave) {
+    // A bet naming ticket 0 gives that ticket a bettor: every empty slot up to MaxBets is then
+    // written as one of that bettor's bets, and read back as a bet.
+    FakeWorld world;
+    LoadBytes(world, Regression("ticket-zero-with-a-bettor.tly"));
+    EXPECT_NE(RF.Ticket(0).TicketBettor, 0);
+    std::vector<std::string> saves;
+    for (int i = 0; i < 3; ++i) {
+        WriteRaceFile();
+        saves.push_back(world.files.files[kCardPath]);
+        LoadBytes(world, saves.back());
+    }
+    EXPECT_NE(saves[1], saves[0]);
+    EXPECT_EQ(saves[2], saves[1]);
+}
+
 }  // namespace
 }  // namespace tt::test
