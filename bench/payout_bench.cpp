@@ -5,7 +5,8 @@
 
 #include "large_card.h"
 #include "model/race_file.h"
-#include "payouts/settlement.h"
+#include "payouts/payout_handling_logic.h"
+#include "payouts/settle_race.h"
 
 namespace {
 
@@ -13,17 +14,15 @@ using namespace tt;
 
 constexpr int kRace = 10;
 
-void BM_CalcPayouts(benchmark::State& state) {
+void BM_SettleRace(benchmark::State& state) {
     ResetProcessState();
-    ResetPayoutHandling();
     bench::CardShape shape;
     shape.bets = static_cast<int>(state.range(0));
     // Tickets in the same proportion to bets as on the large day.
     shape.tickets = shape.bets * 3 / 10;
     bench::MakeLargeCard(shape);
     for (auto _ : state) {
-        G.CurrentRace = kRace;
-        CalcPayouts();
+        SettleRace(kRace, DialogHandling());
         benchmark::DoNotOptimize(RF.Payout(kRace, 1, 1).PayRatio);
     }
     std::int64_t raceBets = 0;
@@ -33,7 +32,7 @@ void BM_CalcPayouts(benchmark::State& state) {
     state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(BM_CalcPayouts)
+BENCHMARK(BM_SettleRace)
     ->Arg(50000)
     ->Arg(100000)
     ->Arg(200000)

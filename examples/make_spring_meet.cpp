@@ -11,6 +11,10 @@
 // results go in through "Edit Results", whose OK works out the payouts, so a new user finds
 // two settled races and one still open.
 //
+// Last, the betting window: a few customers at the counter, each a transaction. Tickets on the
+// races still to run are sold through Start New Ticket and Place Bet, two winning tickets are
+// cashed through Cash/Collect, one customer pays short, and Finish Transaction takes the money.
+//
 // To add more to the card, add a step before SaveCard that opens the window concerned
 // through its command and scripts it in `shell.onShow`.
 
@@ -22,6 +26,11 @@
 #include <string>
 #include <vector>
 
+#include "betting/betting_state.h"
+#include "betting/close_transaction_logic.h"
+#include "betting/place_bets_logic.h"
+#include "betting/ticket_header_logic.h"
+#include "betting/transaction_logic.h"
 #include "files/file_commands.h"
 #include "memory_files.h"
 #include "model/common.h"
@@ -42,16 +51,20 @@ namespace {
 
 // ---- The world the windows run in -----------------------------------------------------------
 
-// No message box is expected while the card is made: each one is reported and fails the run.
+// No message box is expected while the card is made, but for the questions of Cash/Collect,
+// which the host answers OK: any other box is reported and fails the run.
 class Messages : public MessagePort {
   public:
     int Show(const MessageRequest& r) override {
+        if (cashing && (r.text.rfind("Cash ticket #", 0) == 0 || r.text.rfind("Collect ", 0) == 0))
+            return kOK;
         std::fprintf(stderr, "make-spring-meet: unexpected message: %s\n", r.text.c_str());
         failed = true;
         return r.buttons == Buttons::kYesNo || r.buttons == Buttons::kYesNoCancel ? kNo : kOK;
     }
     void Beep() override {}
     bool failed = false;
+    bool cashing = false;
 };
 
 // The main window as the windows see it: a window is shown by running its script.
@@ -455,6 +468,7 @@ void RecordResults(ScriptShell& shell) {
     int race = 0;
     shell.onShow["frmEditResults"] = [&] {
         EditResultsLogic form;
+        form.handling = DialogHandling();
         form.Form_Load();
         SelectByItemData(form.comRaceName, race);
         form.comRaceName_Click();
@@ -466,11 +480,6 @@ void RecordResults(ScriptShell& shell) {
         form.cmdOK_Click();
         if (!form.unloaded) shell.failed = true;
     };
-    shell.onShow["frmPayoutHandling"] = [] {
-        PayoutHandlingLogic dialog;
-        dialog.Form_Load();
-        dialog.cmdOK_Click();
-    };
     shell.onShow["frmDisplayPayouts"] = [] {
         DisplayPayoutsLogic display;
         display.Form_Load();
@@ -480,6 +489,133 @@ void RecordResults(ScriptShell& shell) {
         finish = &order;
         mnuEditResults_Click();
     }
+}
+
+// ---- At the betting window ----------------------------------------------------------------
+
+// A bet as the host types it into Place Bet: the amount, the type's key, Boxed, the picks.
+struct WindowBet {
+    const char* amount;
+    char type;
+    std::vector<int> picks;
+    bool boxed = false;
+};
+
+struct Sale {
+    const char* bettor;
+    int race;
+    std::vector<WindowBet> bets;
+};
+
+// One customer at the counter: tickets bought, tickets brought back to cash or collect, and
+// the money that changed hands (what was due, when not given).
+struct Visit {
+    std::vector<Sale> sales;
+    std::vector<int> cashed;
+    const char* paid = nullptr;
+};
+
+const std::vector<Visit> kVisits = {
+    // Alice cashes her winning Maiden Sprint ticket and plays the Juvenile Dash.
+    {{{"Alice Hartley", 4, {{"5", 'W', {1}}, {"2", 'E', {1, 2, 5}, true}}}}, {1}},
+    // Bob boxes a Trifecta in the Willow Creek Mile.
+    {{{"Bob Fenwick", 5, {{"2", 'T', {2, 3, 4}, true}, {"2", 'W', {3}}}}}, {}},
+    // Carmen takes a Daily Double into the Claiming Race and pays 5.00 of 7.00.
+    {{{"Carmen Ortiz", 6, {{"2", 'D', {3, 2}}, {"5", 'P', {3}}}}}, {}, "5"},
+    // Kate cashes her Meadowlark Handicap ticket.
+    {{}, {12}},
+    // Irene plays two races at once.
+    {{{"Irene Walsh", 7, {{"4", 'S', {2}}}},
+      {"Irene Walsh", 8, {{"2", 'A', {3}}, {"2", 'E', {1, 8}}}}},
+     {}},
+};
+
+void TypeBet(PlaceBetsLogic& p, const WindowBet& bet) {
+    p.txtBetAmt.text = bet.amount;
+    p.txtBetAmt_Change();
+    int enter = 13;
+    p.txtBetAmt_KeyPress(enter);
+    p.txtBetAmt_LostFocus();
+    int key = bet.type;
+    p.comBetType_KeyPress(key);
+    if (bet.boxed) {
+        p.chkBoxed.value = 1;
+        p.chkBoxed_Click();
+    }
+    int i = 0;
+    for (int pick : bet.picks) {
+        ++i;
+        p.comPick[static_cast<std::size_t>(i)].text = std::to_string(pick);
+        p.comPick_Change(i);
+        enter = 13;
+        p.comPick_KeyPress(i, enter);
+    }
+    p.cmdAcceptBet_Click();
+}
+
+// Opens the betting window from the Edit menu and serves each customer in turn.
+bool RunBettingWindow(ScriptShell& shell, Messages& messages) {
+    TransactionLogic window;
+    const Sale* sale = nullptr;
+    int cash = 0;
+    const Visit* visit = nullptr;
+    bool ok = true;
+    shell.onShow["frmTransaction"] = [&] { window.Form_Load(); };
+    shell.onShow["frmTicketHeader"] = [&] {
+        TicketHeaderLogic header;
+        header.Form_Load();
+        if (Betting.TicketMode == kNewTicket) {
+            // The race typed by its number, the bettor by name, Enter.
+            header.comRaceName.text = std::to_string(sale->race);
+            header.comRaceName_Change();
+            header.comRaceName_LostFocus();
+            header.comBettor.text = sale->bettor;
+            header.comBettor_Change();
+            int enter = 13;
+            header.comBettor_KeyPress(enter);
+        } else {
+            header.txtTicketNbr.text = std::to_string(cash);
+            int enter = 13;
+            header.txtTicketNbr_KeyPress(enter);
+        }
+        ok = ok && header.unloaded;
+    };
+    shell.onShow["frmPlaceBets"] = [&] {
+        PlaceBetsLogic bets;
+        bets.Form_Load();
+        for (const WindowBet& bet : sale->bets) {
+            TypeBet(bets, bet);
+            ok = ok && !G.CancelFlag;
+        }
+        bets.cmdAcceptTicket_Click();
+        ok = ok && bets.unloaded;
+    };
+    shell.onShow["frmCloseTransaction"] = [&] {
+        CloseTransactionLogic finish;
+        finish.Form_Load();
+        if (visit->paid) finish.txtCollDist.text = visit->paid;
+        finish.cmdOK_Click();
+        ok = ok && finish.unloaded;
+    };
+
+    mnuEditPlaceBets_Click();
+    for (const Visit& v : kVisits) {
+        visit = &v;
+        for (const Sale& s : v.sales) {
+            sale = &s;
+            window.cmdNew_Click();
+        }
+        messages.cashing = true;
+        for (int ticket : v.cashed) {
+            cash = ticket;
+            window.cmdCash_Click();
+        }
+        messages.cashing = false;
+        window.cmdOK_Click();
+        ok = ok && !G.CancelFlag && Betting.TranTicketCount == 0;
+    }
+    if (!ok) std::fprintf(stderr, "make-spring-meet: a transaction did not go through\n");
+    return ok;
 }
 
 void SaveCard(SaveDialog& dialog, const std::string& name) {
@@ -522,6 +658,8 @@ int main(int argc, char** argv) {
     AddBettors(shell);
     if (!AddBets()) return 1;
     RecordResults(shell);
+    ResetBettingState();
+    if (!RunBettingWindow(shell, messages)) return 1;
     const std::string name = "spring-meet.tly";
     SaveCard(dialog, name);
 

@@ -3,7 +3,7 @@
 # `clang-format -i`.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-bad=$(git ls-files '*.cpp' '*.h' | xargs -r clang-format --dry-run 2>&1 | grep -o '^[^:]*:[0-9]*:[0-9]*: warning' | cut -d: -f1 | sort -u || true)
+bad=$(git ls-files --cached --others --exclude-standard '*.cpp' '*.h' | xargs -r clang-format --dry-run 2>&1 | grep -o '^[^:]*:[0-9]*:[0-9]*: warning' | cut -d: -f1 | sort -u || true)
 if [ -n "$bad" ]; then
   echo "Not formatted as .clang-format says (run clang-format -i on them):"
   echo "$bad"

@@ -1,25 +1,10 @@
 #include "cli/console_ports.h"
 
-#include <map>
 #include <ostream>
 
 #include "model/race_file.h"
 
 namespace tt::cli {
-
-namespace {
-class MemorySettings : public SettingsPort {
-  public:
-    std::optional<std::string> Get(const std::string& key) override {
-        auto it = values_.find(key);
-        return it == values_.end() ? std::nullopt : std::optional<std::string>(it->second);
-    }
-    void Set(const std::string& key, const std::string& value) override { values_[key] = value; }
-
-  private:
-    std::map<std::string, std::string> values_;
-};
-}  // namespace
 
 int ConsoleMessages::Show(const MessageRequest& r) {
     if (!first_) err_ << "\n";
@@ -50,7 +35,7 @@ void ConsoleShell::ShowForm(const std::string& name, bool) {
 
 ConsoleWorld::ConsoleWorld(std::ostream& err, Policy policy, SettingsPort* settings)
     : messages_(err, policy),
-      memorySettings_(settings ? nullptr : std::make_unique<MemorySettings>()),
+      memorySettings_(settings ? nullptr : MakeMemorySettings()),
       clock_(MakeSystemClock()),
       random_(MakeSystemRandom()),
       files_(MakeRealFileSystem()) {

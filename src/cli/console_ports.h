@@ -40,10 +40,14 @@ class ConsoleShell : public ShellPort {
     void ShowForm(const std::string& name, bool modal) override;
     void UnloadForm(const std::string&) override {}
     bool IsFormLoaded(const std::string&) override { return false; }
-    std::string StatusText() override { return {}; }
+    // The status bar's first panel as the program starts with it.
+    std::string StatusText() override { return "Status"; }
+    std::string ActiveChild() override { return activeChild; }
     void UnloadDisplays(bool) override {}
 
     std::function<void(const std::string&)> onShow;
+    // The child window a command holds in front, such as the list of bets it prints.
+    std::string activeChild;
     // The commands that need an open card were enabled: the last open went through.
     bool fileOpen = false;
 };

@@ -4,9 +4,9 @@
 #include "files/recovery_file.h"
 #include "files/safe_file.h"
 #include "model/common.h"
+#include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 
 namespace tt {
 

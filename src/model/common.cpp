@@ -88,11 +88,13 @@ void BuildBetTypeCombo(ListData& list, bool withAll, bool withPools, bool withAc
     for (int t = 1; t <= kBetTypes; ++t) {
         bool offered = race == 0 || bool(RF.Race(race).BetType(t));
         if (offered) list.AddItem(G.BetTypeName(t), t);
-        if (t <= 3 && !offered) firstThree = false;
-        if (t == 3 && withAcrossTheBoard && firstThree)
+        if (IsWinPlaceShow(BetTypeOf(t)) && !offered) firstThree = false;
+        // Across the Board stands behind Show, when Win, Place and Show are all offered.
+        if (BetTypeOf(t) == BetType::kShow && withAcrossTheBoard && firstThree)
             list.AddItem("Across the Board", kAcrossTheBoard);
     }
-    if (withPriorDouble && (race == 0 || bool(RF.Race(race - 1).BetType(6))))
+    if (withPriorDouble &&
+        (race == 0 || bool(RF.Race(race - 1).BetType(Code(BetType::kDailyDouble)))))
         list.AddItem("Daily Double (prior race)", 62);
     list.SetListIndex(list.ListCount() > 0 ? 0 : -1);
 }
@@ -254,9 +256,10 @@ void ClearBet(int race, std::int64_t slot) {
     b.BetType = 0;
 }
 
-void RecalcAllTickets() {
+void SumTickets(std::optional<int> race) {
     for (std::int64_t t = 1; t <= RF.TicketCount; ++t) {
         TicketRec& tk = RF.Ticket(t);
+        if (race && (tk.TicketRace != *race || tk.TicketBettor == 0)) continue;
         tk.TicketCost = Currency();
         tk.Winnings = Currency();
         for (std::int64_t n = tk.FirstBet; n <= tk.LastBet; ++n) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -105,7 +106,15 @@ int LastFinishedRace();
 // Named, unscratched racers of CurrentRace; the argument is only tested for 1 to 20.
 int RunnersInRace(int race);
 void ClearBet(int race, std::int64_t slot);
-// Sums every ticket again from its bets in its race.
-void RecalcAllTickets();
+// Sums tickets again from their bets in their own race: TicketCost from BetCost, Winnings from
+// BetWinnings, deleted bets left out. Every ticket, or only the tickets of one race that still
+// count.
+void SumTickets(std::optional<int> race);
+inline void RecalcAllTickets() {
+    SumTickets(std::nullopt);
+}
+inline void RecalcRaceTickets(int race) {
+    SumTickets(race);
+}
 
 }  // namespace tt

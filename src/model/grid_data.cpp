@@ -66,6 +66,7 @@ void GridData::Resize(int rows, int cols) {
         cellAlign_.resize(cells_.size(), CellAlign::kGeneral);
     }
     rowHeight_.resize(static_cast<std::size_t>(rows), -1);
+    rowData_.resize(static_cast<std::size_t>(rows), 0);
     rows_ = rows;
     cols_ = cols;
     row_ = std::min(row_, std::max(rows_ - 1, 0));
@@ -96,6 +97,11 @@ void GridData::SetTextMatrix(int row, int col, std::string text) {
     cells_[Index(row, col)] = std::move(text);
 }
 
+void GridData::AssignText(int row, int col, std::string_view text) {
+    CheckCell(row, col);
+    cells_[Index(row, col)].assign(text);
+}
+
 int GridData::ColWidth(int col) const {
     if (col < 0 || col >= cols_) Raise(kErrSubscript);
     return colWidth_[static_cast<std::size_t>(col)];
@@ -114,6 +120,16 @@ int GridData::RowHeight(int row) const {
 void GridData::SetRowHeight(int row, int twips) {
     if (row < 0 || row >= rows_) Raise(kErrSubscript);
     rowHeight_[static_cast<std::size_t>(row)] = twips;
+}
+
+std::int64_t GridData::RowData(int row) const {
+    if (row < 0 || row >= rows_) Raise(kErrSubscript);
+    return rowData_[static_cast<std::size_t>(row)];
+}
+
+void GridData::SetRowData(int row, std::int64_t value) {
+    if (row < 0 || row >= rows_) Raise(kErrSubscript);
+    rowData_[static_cast<std::size_t>(row)] = value;
 }
 
 CellAlign GridData::ColAlignment(int col) const {
@@ -157,6 +173,7 @@ void GridData::RemoveRow(int row) {
     auto firstA = cellAlign_.begin() + static_cast<std::ptrdiff_t>(Index(row, 0));
     cellAlign_.erase(firstA, firstA + cols_);
     rowHeight_.erase(rowHeight_.begin() + row);
+    rowData_.erase(rowData_.begin() + row);
     --rows_;
     row_ = std::min(row_, std::max(rows_ - 1, 0));
     rowSel_ = std::min(rowSel_, std::max(rows_ - 1, 0));
@@ -205,6 +222,7 @@ void GridData::ApplyOrder(int row1, const std::vector<int>& order) {
     std::vector<std::string> cells(n * static_cast<std::size_t>(cols_));
     std::vector<CellAlign> align(cells.size());
     std::vector<int> heights(n);
+    std::vector<std::int64_t> data(n);
     for (std::size_t r = 0; r < n; ++r) {
         int from = row1 + order[r];
         for (int c = 0; c < cols_; ++c) {
@@ -214,12 +232,14 @@ void GridData::ApplyOrder(int row1, const std::vector<int>& order) {
                 cellAlign_[Index(from, c)];
         }
         heights[r] = rowHeight_[static_cast<std::size_t>(from)];
+        data[r] = rowData_[static_cast<std::size_t>(from)];
     }
     std::move(cells.begin(), cells.end(),
               cells_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
     std::copy(align.begin(), align.end(),
               cellAlign_.begin() + static_cast<std::ptrdiff_t>(Index(row1, 0)));
     std::copy(heights.begin(), heights.end(), rowHeight_.begin() + row1);
+    std::copy(data.begin(), data.end(), rowData_.begin() + row1);
 }
 
 void GridData::SortAscending(int row1, int row2, int col1, int col2) {

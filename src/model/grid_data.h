@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tt {
@@ -31,6 +32,8 @@ class GridData {
 
     const std::string& TextMatrix(int row, int col) const;
     void SetTextMatrix(int row, int col, std::string text);
+    // The same, reusing the room the cell already has: for grids rebuilt over the same rows.
+    void AssignText(int row, int col, std::string_view text);
 
     // Width in twips; 0 hides the column.
     int ColWidth(int col) const;
@@ -38,6 +41,11 @@ class GridData {
     // Height in twips; -1 is the default height.
     int RowHeight(int row) const;
     void SetRowHeight(int row, int twips);
+
+    // A number kept with each row that moves with it in a sort, such as the record the row
+    // shows; 0 for a new row.
+    std::int64_t RowData(int row) const;
+    void SetRowData(int row, std::int64_t value);
 
     CellAlign ColAlignment(int col) const;
     void SetColAlignment(int col, CellAlign a);
@@ -87,6 +95,7 @@ class GridData {
     std::vector<int> colWidth_;
     std::vector<CellAlign> colAlign_;
     std::vector<int> rowHeight_;
+    std::vector<std::int64_t> rowData_;
     int row_ = 1, col_ = 1, rowSel_ = 1, colSel_ = 1, topRow_ = 1;
 };
 

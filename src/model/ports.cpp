@@ -430,6 +430,9 @@ std::unique_ptr<ClockPort> MakeSystemClock() {
 std::unique_ptr<RandomPort> MakeSystemRandom() {
     return std::make_unique<SystemRandom>();
 }
+std::unique_ptr<SettingsPort> MakeMemorySettings() {
+    return std::make_unique<MemorySettings>();
+}
 
 int MsgBox(const std::string& text, Buttons buttons, Icon icon, const std::string& title,
            int defaultButton) {

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -145,6 +146,21 @@ class PrinterPort {
     virtual void EndDoc() = 0;
     // The printer set-up dialog; false when cancelled.
     virtual bool SetupDialog() = 0;
+
+    // Beyond the printer itself, the same pages in a print preview or in a PDF file: the
+    // report runs on a printer bound to the preview or to the file, as often as the preview
+    // needs its pages, and ends nothing itself. False where this printer has no such output or
+    // it could not be made.
+    using Report = std::function<void(PrinterPort&)>;
+    virtual bool Preview(const Report& report) {
+        (void)report;
+        return false;
+    }
+    virtual bool SaveAsPdf(const std::string& path, const Report& report) {
+        (void)path;
+        (void)report;
+        return false;
+    }
 };
 
 // ---- The main window as the core sees it --------------------------------------------------
@@ -170,6 +186,8 @@ class ShellPort {
     virtual bool IsFormLoaded(const std::string& name) = 0;
     // The text of the first panel of the status bar.
     virtual std::string StatusText() = 0;
+    // The name of the active child window ("frmListBets", ...), empty when none is.
+    virtual std::string ActiveChild() { return {}; }
     // Unloads the odds and payout displays (and, at exit, the betting window).
     virtual void UnloadDisplays(bool withTransaction) = 0;
 };
@@ -216,6 +234,8 @@ class PortsScope {
 std::unique_ptr<FileSystemPort> MakeRealFileSystem(bool flush = true);
 std::unique_ptr<ClockPort> MakeSystemClock();
 std::unique_ptr<RandomPort> MakeSystemRandom();
+// Settings kept in memory for as long as the port lives: nothing reaches the desktop's store.
+std::unique_ptr<SettingsPort> MakeMemorySettings();
 
 // ---- Helpers over the ports ---------------------------------------------------------------
 

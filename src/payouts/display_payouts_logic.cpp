@@ -42,49 +42,9 @@ void DisplayPayoutsLogic::Form_Load() {
     DisplayPayouts();
 }
 
-namespace {
-std::uint64_t g_calculatedDisplays = 0;
-int g_lastCalculatedRace = 0;
-
-// A kept placement value; missing or not a number gives the fallback.
-double PlacementSetting(const char* key, double fallback) {
-    auto v = Settings().Get(key);
-    if (!v) return fallback;
-    auto f = ParseDoubleField(*v);
-    if (v->empty() || !f || !std::isfinite(*f)) return fallback;
-    return *f;
-}
-}  // namespace
-
-void DisplayPayoutsLogic::ShowCalculatedRace(int race) {
-    ++g_calculatedDisplays;
-    g_lastCalculatedRace = race;
+void DisplayPayoutsLogic::ShowSettledRace(int race) {
     G.CurrentRace = race;
     Form_Load();
-}
-
-std::uint64_t DisplayPayoutsLogic::CalculatedDisplays() {
-    return g_calculatedDisplays;
-}
-
-int DisplayPayoutsLogic::LastCalculatedRace() {
-    return g_lastCalculatedRace;
-}
-
-DisplayPayoutsLogic::Placement DisplayPayoutsLogic::RestorePlacement() {
-    Placement p;
-    p.left = PlacementSetting("PayLeft", p.left);
-    p.top = PlacementSetting("PayTop", p.top);
-    p.width = std::max(0.0, PlacementSetting("PayWidth", 0));
-    p.height = std::max(0.0, PlacementSetting("PayHeight", 0));
-    return p;
-}
-
-void DisplayPayoutsLogic::SavePlacement(const Placement& p) {
-    Settings().Set("PayLeft", NumText(p.left));
-    Settings().Set("PayTop", NumText(p.top));
-    Settings().Set("PayWidth", NumText(p.width));
-    Settings().Set("PayHeight", NumText(p.height));
 }
 
 void DisplayPayoutsLogic::SelectRace(int race) {
@@ -183,7 +143,7 @@ void DisplayPayoutsLogic::FillGrids() {
     if (rc.Result(1) == 0) {
         for (int r = 1; r <= 3; ++r)
             for (int c = 1; c <= 3; ++c) flxWPS.SetTextMatrix(r, c, " ");
-        ClearRaceWinnings(race);
+        ClearRaceWinnings(race, G.CurrentRace);
         return;
     }
 
@@ -193,30 +153,30 @@ void DisplayPayoutsLogic::FillGrids() {
             flxWPS.SetTextMatrix(pos, type,
                                  PayoutCellText(RF.Payout(race, type, pos).PayRatio, race));
 
-    for (int t = 4; t <= 10; ++t) {
+    for (int code = Code(BetType::kExacta); code <= kBetTypes; ++code) {
+        const BetType t = BetTypeOf(code);
         std::string name;
         std::string wins;
-        if (t <= 5) {
-            if (!rc.BetType(t)) continue;
-            const int m = t == 4 ? 2 : 3;
-            name = G.BetTypeName(t) + " -" + Str(Finishers(1).Value()) + "," +
-                   Str(Finishers(2).Value());
-            if (t == 5) name += "," + Str(Finishers(3).Value());
-            const int paid = rc.CorrectPaid(t);
+        if (IsExotic(t)) {
+            if (!rc.BetType(code)) continue;
+            const int m = PicksToWin(t);
+            name = Name(t) + " -" + Str(Finishers(1).Value()) + "," + Str(Finishers(2).Value());
+            if (t == BetType::kTrifecta) name += "," + Str(Finishers(3).Value());
+            const int paid = rc.CorrectPaid(code);
             if (paid < m) name += " (" + Str(paid) + " correct)";
-            wins = PayoutCellText(RF.Payout(race, t, 1).PayRatio, race);
+            wins = PayoutCellText(RF.Payout(race, code, 1).PayRatio, race);
         } else {
             // Only the group that ends at this race is listed.
-            const int k = race - t + 5;
-            if (k <= 0 || !RF.Race(k).BetType(t)) continue;
-            name = G.BetTypeName(t) + " -";
+            const int k = race - LegCount(t) + 1;
+            if (k <= 0 || !RF.Race(k).BetType(code)) continue;
+            name = Name(t) + " -";
             for (int r = k; r <= race; ++r) {
                 if (r > k) name += ",";
                 name += Str(RF.Racer(r, RF.Race(r).Result(1)).BetNbr.Value());
             }
-            const int paid = rc.CorrectPaid(t);
-            if (paid < t - 4) name += " (" + Str(paid) + " correct )";
-            const double ratio = RF.Payout(race, t, 1).PayRatio;
+            const int paid = rc.CorrectPaid(code);
+            if (paid < LegCount(t)) name += " (" + Str(paid) + " correct )";
+            const double ratio = RF.Payout(race, code, 1).PayRatio;
             const double rounded = RoundPlaces(ratio, 0);
             if (rounded == -1)
                 wins = "Payback";

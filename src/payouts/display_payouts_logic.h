@@ -30,24 +30,12 @@ class DisplayPayoutsLogic : public FormState {
     // has its winnings taken back here.
     void DisplayPayouts();
 
-    // The display that the payout calculation runs: the race being calculated, as if the
-    // window had just been opened on it.
-    void ShowCalculatedRace(int race);
+    // A race just settled, shown as if the window had just been opened on it.
+    void ShowSettledRace(int race);
 
-    // How many displays payout calculations have run, and the race of the last: an open payout
-    // window brought to the front shows that race as the calculation left it.
-    static std::uint64_t CalculatedDisplays();
-    static int LastCalculatedRace();
-
-    // The window's place in twips, kept in "PayLeft", "PayTop", "PayWidth", "PayHeight". Left
-    // and top default to 1000; a width or height of 0 means none is kept, and the window keeps
-    // the size of its design. A value that is not a number counts as missing.
-    struct Placement {
-        double left = 1000, top = 1000, width = 0, height = 0;
-    };
-    static Placement RestorePlacement();
-    // Written when the window closes, unless it is minimised or maximised.
-    static void SavePlacement(const Placement& p);
+    // The window keeps its place and size in "PayLeft", "PayTop", "PayWidth" and
+    // "PayHeight".
+    static constexpr const char* kPlacementKeys = "Pay";
 
     // The text a grid cell shows for a payout ratio: "Payback", "No Pay", or the return on a
     // $2.00 bet rounded down by the race's code.

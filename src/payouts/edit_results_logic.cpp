@@ -3,18 +3,12 @@
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "payouts/settlement.h"
+#include "payouts/record_result.h"
 
 namespace tt {
 
 namespace {
 const char* const kNotAvailable = "     Not Available";
-
-// The four lines that tell the operator which finisher is missing.
-std::string MissingFinisher(const std::string& bets, const std::string& finisher) {
-    return bets + kLfCr + finisher + kLfCr + "or those bets disallowed in the Race Card." + kLfCr +
-           "(Remember that a bet number will only be used for one position.)";
-}
 }  // namespace
 
 EditResultsLogic::EditResultsLogic() {
@@ -54,8 +48,8 @@ void EditResultsLogic::ListRacers() {
         comRacerName[k].list.AddItem(kNotAvailable, 0);
     }
     for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) {
+        if (!CanFinish(race, n)) continue;
         const RacerRec& r = RF.Racer(race, n);
-        if (r.RacerName.empty() || r.Scratched) continue;
         const std::string nbr = " (" + NumText(r.BetNbr.Value()) + ")";
         std::string text;
         if (sort == "Name")
@@ -125,102 +119,36 @@ void EditResultsLogic::cmdOK_Click() {
     SelectRace(race);
     for (int k = 1; k <= 5; ++k) comRacerName[k].backColor = kColorWhite;
 
-    std::array<std::int64_t, 6> slot{};
-    std::array<std::int64_t, 6> nbr{};
-    bool differs = false;
-    for (int k = 1; k <= 5; ++k) {
-        slot[k] = ChosenSlot(k);
-        nbr[k] = RF.Racer(race, slot[k]).BetNbr;
-        if (slot[k] != RF.Race(race).Result(k)) differs = true;
-    }
-
-    if (!differs) {
-        G.CancelFlag = false;
-        if (ResultsChanged) G.FileChanged = true;
-        Unload();
-        return;
-    }
-
-    // Only this race's bets are looked at, not multi-race bets of its neighbours.
-    bool distributed = false;
-    for (std::int64_t i = 1; i <= RF.MaxBets && !distributed; ++i) {
-        const BetRec& b = RF.Bet(race, i);
-        if (b.BetType != 0 && RF.Ticket(b.TicketIdx).Distributed > Currency()) distributed = true;
-    }
-    if (distributed) {
-        Beep();
-        if (MsgBox(std::string("Bets have already been distributed!") + kLfCr +
-                       "Are you sure you want to change the results?",
-                   Buttons::kOKCancel, Icon::kExclamation) == kCancel)
+    std::array<std::int64_t, 6> slots{};
+    for (int k = 1; k <= 5; ++k) slots[k] = ChosenSlot(k);
+    const ResultOutcome outcome = RecordResult(race, slots, AskResultQuestion);
+    switch (outcome.status) {
+        case ResultStatus::kUnchanged:
+            G.CancelFlag = false;
+            if (ResultsChanged) G.FileChanged = true;
+            Unload();
+            return;
+        case ResultStatus::kStored:
+            break;
+        case ResultStatus::kSameRacer:
+            ShowResultRefusal(outcome);
+            comRacerName[outcome.first].backColor = kColorRed;
+            comRacerName[outcome.second].backColor = kColorRed;
+            return;
+        default:
+            ShowResultRefusal(outcome);
             return;
     }
+    if (outcome.cleared)
+        for (int k = 1; k <= 5; ++k) comRacerName[k].list.SetListIndex(0);
 
-    if (slot[1] == 0) {
-        if (slot[2] != 0 || slot[3] != 0 || slot[4] != 0 || slot[5] != 0) {
-            Beep();
-            if (MsgBox("Winning " + RF.RaceType + " not entered!" + kLfCr +
-                           "All other positions will be set to 'Not Available'",
-                       Buttons::kOKCancel, Icon::kExclamation) == kCancel)
-                return;
-            for (int k = 1; k <= 5; ++k) {
-                RF.Race(race).Result(k) = 0;
-                comRacerName[k].list.SetListIndex(0);
-            }
-        }
-        // An empty result can always be saved.
-    } else {
-        for (int a = 1; a <= 4; ++a) {
-            for (int b = a + 1; b <= 5; ++b) {
-                if (comRacerName[a].list.HasSelection() && comRacerName[b].list.HasSelection() &&
-                    slot[a] == slot[b] && slot[a] != 0) {
-                    Beep();
-                    MsgBox("Same Racer cannot finish in two positions!");
-                    comRacerName[a].backColor = kColorRed;
-                    comRacerName[b].backColor = kColorRed;
-                    return;
-                }
-            }
-        }
-
-        // Judged by bet numbers: a field counts for one position only.
-        std::int64_t second = 0, third = 0;
-        for (int k = 2; k <= 5; ++k) {
-            if (nbr[k] != nbr[1]) {
-                second = nbr[k];
-                break;
-            }
-        }
-        for (int k = 3; k <= 5; ++k) {
-            if (nbr[k] != nbr[1] && nbr[k] != second) {
-                third = nbr[k];
-                break;
-            }
-        }
-        const RaceRec& rc = RF.Race(race);
-        if (second == 0 && (rc.BetType(2) || rc.BetType(3) || rc.BetType(4) || rc.BetType(5))) {
-            Beep();
-            MsgBox(MissingFinisher("Place, Show, Exacta, and/or Trifecta bets allowed.",
-                                   "2nd place finisher must be entered"),
-                   Buttons::kOK, Icon::kExclamation);
-            return;
-        }
-        if (third == 0 && (rc.BetType(3) || rc.BetType(5))) {
-            Beep();
-            MsgBox(MissingFinisher("Show and/or Trifecta bets allowed.",
-                                   "3rd place finisher must be entered"),
-                   Buttons::kOK, Icon::kExclamation);
-            return;
-        }
-    }
-
-    for (int k = 1; k <= 5; ++k) RF.Race(race).Result(k) = ChosenSlot(k);
     ResultsChanged = false;
     G.CancelFlag = false;
     G.FileChanged = true;
     Unload();
     if (onHide) onHide();
 
-    CalcPayouts();
+    SettleRace(race, handling);
     if (RF.Race(G.CurrentRace).Result(1) != 0) Shell().ShowForm("frmDisplayPayouts", false);
 }
 

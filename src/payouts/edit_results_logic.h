@@ -9,6 +9,7 @@
 
 #include "model/form_state.h"
 #include "model/list_data.h"
+#include "payouts/settle_race.h"
 
 namespace tt {
 
@@ -41,6 +42,8 @@ class EditResultsLogic : public FormState {
     bool ResultsChanged = false;
     // Called where saving hides the window, before the payouts are worked out and shown.
     std::function<void()> onHide;
+    // Asked for each pool without winners when a saved result is settled.
+    HandlingPolicy handling;
 
   private:
     // Selects a race in comRaceName; the list's Click follows when the selection moves.

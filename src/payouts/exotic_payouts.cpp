@@ -26,7 +26,7 @@ bool GroupIncomplete(int k, int e) {
 
 void PayoutCalc::CountCorrectPicks(int race, std::int64_t i) {
     BetRec& b = RF.Bet(race, i);
-    const int m = b.BetType == 4 ? 2 : 3;
+    const int m = PicksToWin(BetTypeOf(b.BetType));
 
     if (!b.Boxed) {
         b.CorrectPicks = 0;
@@ -73,9 +73,10 @@ void PayoutCalc::CountCorrectPicks(int race, std::int64_t i) {
 void PayoutCalc::CountLegsCorrect(int k, std::int64_t i) {
     BetRec& b = RF.Bet(k, i);
     b.CorrectPicks = 0;
-    const int m = b.BetType - 4;
+    const BetType t = BetTypeOf(b.BetType);
+    const int m = LegCount(t);
     for (int j = 1; j <= m; ++j) {
-        const int r = k + j - 1;
+        const int r = PickRace(k, t, j);
         const RaceRec& leg = RF.Race(r);
         if (b.Pick(j) == RF.Racer(r, leg.Result(1)).BetNbr) {
             b.WinningCombos = 1;
@@ -89,10 +90,11 @@ void PayoutCalc::CountLegsCorrect(int k, std::int64_t i) {
     }
 }
 
-void PayoutCalc::CalcExotic(int t) {
+void PayoutCalc::CalcExotic(BetType type) {
     RaceRec& rc = RF.Race(CurRace);
+    const int t = Code(type);
     if (!rc.BetType(t)) return;
-    const int m = t == 4 ? 2 : 3;
+    const int m = PicksToWin(type);
 
     MostCorrect = 0;
     for (int c = m; c >= 1; --c) {
@@ -103,21 +105,19 @@ void PayoutCalc::CalcExotic(int t) {
     }
     rc.CorrectPaid(t) = MostCorrect;
 
-    if (!RF.Payout(CurRace, t, m).WinningAmt.IsZero()) {
-        ChosenHandling = "Most";
-    } else {
-        HandlingBestCorrect = MostCorrect;
-        AskHandling(t);
-    }
+    if (!RF.Payout(CurRace, t, m).WinningAmt.IsZero())
+        handling_ = PoolHandling::kMost;
+    else
+        AskHandling(type, MostCorrect);
 
     double ratio;
-    if (ChosenHandling == "NoPay") {
+    if (handling_ == PoolHandling::kNoPay) {
         // Takes back the refunds of the pool pass too.
         ratio = kNoPay;
-        for (std::int32_t i : Slots(CurRace, t)) RF.Bet(CurRace, i).BetWinnings = Currency();
-    } else if (ChosenHandling == "Payback" || MostCorrect == 0) {
+        for (std::int32_t i : Slots(CurRace, type)) RF.Bet(CurRace, i).BetWinnings = Currency();
+    } else if (handling_ == PoolHandling::kPayback || MostCorrect == 0) {
         ratio = kPayback;
-        for (std::int32_t i : Slots(CurRace, t)) {
+        for (std::int32_t i : Slots(CurRace, type)) {
             BetRec& b = RF.Bet(CurRace, i);
             b.BetWinnings = b.BetCost;
         }
@@ -130,7 +130,7 @@ void PayoutCalc::CalcExotic(int t) {
         const double minimum = MinimumRatio(CurRace);
         if (minimum > ratio && MostCorrect == m) ratio = minimum;
         if (ratio >= 0) {
-            for (std::int32_t i : Slots(CurRace, t)) {
+            for (std::int32_t i : Slots(CurRace, type)) {
                 BetRec& b = RF.Bet(CurRace, i);
                 if (b.CorrectPicks == MostCorrect) b.BetWinnings += ComboPayment(b, ratio, CurRace);
             }
@@ -142,21 +142,22 @@ void PayoutCalc::CalcExotic(int t) {
 void PayoutCalc::BuildMultiRacePools() {
     const int cur = CurRace;
     for (int k = 1; k <= cur; ++k) {
-        const int last = std::min(k + 5, kMaxRace);
-        for (int t = 6; t <= last - k + 5; ++t) {
-            CurBetType = t;
-            const int e = k + t - 5;
+        for (BetType t : kMultiRaceTypes) {
+            const int e = LastLeg(k, t);
+            // A group that would run past race 20 does not exist.
+            if (e > kMaxRace) break;
+            CurBetType = Code(t);
             // Groups that ended before this race keep their rows and their bets.
             if (cur > e) continue;
             const bool incomplete = GroupIncomplete(k, e);
-            for (int p = 1; p <= 6; ++p) RF.Payout(e, t, p) = PayoutRec();
+            for (int p = 1; p <= 6; ++p) RF.Payout(e, Code(t), p) = PayoutRec();
 
             const std::vector<std::int32_t>& slots = Slots(k, t);
             if (incomplete) {
                 for (std::int32_t i : slots) RF.Bet(k, i).BetWinnings = Currency();
                 continue;
             }
-            if (!RF.Race(k).BetType(t)) {
+            if (!RF.Race(k).BetType(Code(t))) {
                 for (std::int32_t i : slots) {
                     BetRec& b = RF.Bet(k, i);
                     b.BetWinnings = b.BetAmt;
@@ -168,7 +169,7 @@ void PayoutCalc::BuildMultiRacePools() {
                 // A scratch in any leg, even one still to run, returns the bet whole.
                 bool off = false;
                 for (int j = 1; j <= 6; ++j) {
-                    if (b.Pick(j) != 0 && Scratched(k + j - 1, b.Pick(j))) {
+                    if (b.Pick(j) != 0 && Scratched(PickRace(k, t, j), b.Pick(j))) {
                         off = true;
                         break;
                     }
@@ -177,18 +178,20 @@ void PayoutCalc::BuildMultiRacePools() {
                     b.BetWinnings = b.BetAmt;
                     continue;
                 }
-                RF.Payout(e, t, 1).PoolAmt += b.BetAmt;
+                RF.Payout(e, Code(t), 1).PoolAmt += b.BetAmt;
                 b.BetWinnings = Currency();
                 CountLegsCorrect(k, i);
-                if (b.CorrectPicks > 0) RF.Payout(e, t, b.CorrectPicks).WinningAmt += b.BetAmt;
+                if (b.CorrectPicks > 0)
+                    RF.Payout(e, Code(t), b.CorrectPicks).WinningAmt += b.BetAmt;
             }
         }
     }
 }
 
-void PayoutCalc::CalcMultiRace(int k, int t) {
-    const int e = k + t - 5;
-    const int m = t - 4;
+void PayoutCalc::CalcMultiRace(int k, BetType type) {
+    const int t = Code(type);
+    const int e = LastLeg(k, type);
+    const int m = LegCount(type);
     if (!RF.Race(k).BetType(t)) return;
 
     int best = 0;
@@ -200,7 +203,7 @@ void PayoutCalc::CalcMultiRace(int k, int t) {
     }
     RF.Race(e).CorrectPaid(t) = best;
 
-    const std::vector<std::int32_t>& slots = Slots(k, t);
+    const std::vector<std::int32_t>& slots = Slots(k, type);
     if (GroupIncomplete(k, e)) {
         RF.Payout(e, t, 1).PayRatio = kIncomplete;
         for (std::int32_t i : slots) RF.Bet(k, i).BetWinnings = Currency();
@@ -209,17 +212,15 @@ void PayoutCalc::CalcMultiRace(int k, int t) {
 
     // The winners are looked for under the race being calculated, not under the group's last
     // race: for an older group this reads another group's row.
-    if (!RF.Payout(CurRace, t, m).WinningAmt.IsZero()) {
-        ChosenHandling = "Most";
-    } else {
-        HandlingBestCorrect = best;
-        AskHandling(t);
-    }
+    if (!RF.Payout(CurRace, t, m).WinningAmt.IsZero())
+        handling_ = PoolHandling::kMost;
+    else
+        AskHandling(type, best);
 
     double ratio;
-    if (ChosenHandling == "NoPay" || ChosenHandling == "Payback" || best == 0) {
+    if (handling_ != PoolHandling::kMost || best == 0) {
         // No Pay returns the stakes just as Payback does.
-        ratio = ChosenHandling == "NoPay" ? kNoPay : kPayback;
+        ratio = handling_ == PoolHandling::kNoPay ? kNoPay : kPayback;
         for (std::int32_t i : slots) {
             BetRec& b = RF.Bet(k, i);
             b.BetWinnings = b.BetCost;

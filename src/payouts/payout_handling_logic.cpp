@@ -2,11 +2,10 @@
 
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "payouts/settlement.h"
 
 namespace tt {
 
-PayoutHandlingLogic::PayoutHandlingLogic() {
+PayoutHandlingLogic::PayoutHandlingLogic(const HandlingQuestion& question) : question_(question) {
     caption = "Payout Handling";
     Label1.text = "There are no correct picks for:";
     Label2.text = "Please choose a method for handling the payouts:";
@@ -18,10 +17,9 @@ PayoutHandlingLogic::PayoutHandlingLogic() {
 }
 
 void PayoutHandlingLogic::Form_Load() {
-    const int type = HandlingBetType;
-    lblBetType.text = G.BetTypeName(type) + " Bets";
+    lblBetType.text = Name(question_.type) + " Bets";
     // Win, Place and Show have no partly correct bets to pay.
-    const bool most = type >= 4 && HandlingBestCorrect != 0;
+    const bool most = MostCorrectOffered(question_);
     optMost.enabled = most;
     optPayback.enabled = true;
     optNoPay.enabled = true;
@@ -31,7 +29,7 @@ void PayoutHandlingLogic::Form_Load() {
     else
         optPayback.value = -1;
     SetFocus("cmdOK");
-    if (const PayoutCalc* calc = RunningPayoutCalc()) G.CurrentRace = calc->CurRace;
+    G.CurrentRace = question_.race;
     Beep();
 }
 
@@ -41,27 +39,34 @@ void PayoutHandlingLogic::Select(ControlState& option) {
     option.value = -1;
 }
 
-bool PayoutHandlingLogic::Choose(const std::string& handling) {
-    ControlState* option = handling == "Most"      ? &optMost
-                           : handling == "Payback" ? &optPayback
-                           : handling == "NoPay"   ? &optNoPay
-                                                   : nullptr;
-    if (option == nullptr || !option->enabled) return false;
-    Select(*option);
+bool PayoutHandlingLogic::Choose(PoolHandling handling) {
+    ControlState& option = handling == PoolHandling::kMost      ? optMost
+                           : handling == PoolHandling::kPayback ? optPayback
+                                                                : optNoPay;
+    if (!option.enabled) return false;
+    Select(option);
     return true;
 }
 
-std::string PayoutHandlingLogic::Selected() const {
-    if (optMost.value) return "Most";
-    if (optPayback.value) return "Payback";
-    if (optNoPay.value) return "NoPay";
-    return std::string();
+PoolHandling PayoutHandlingLogic::Selected() const {
+    if (optPayback.value) return PoolHandling::kPayback;
+    if (optNoPay.value) return PoolHandling::kNoPay;
+    return PoolHandling::kMost;
 }
 
 void PayoutHandlingLogic::cmdOK_Click() {
-    std::string chosen = Selected();
-    if (!chosen.empty()) ChosenHandling = chosen;
+    answer = Selected();
     Unload();
+}
+
+HandlingPolicy DialogHandling(std::optional<PoolHandling> choice) {
+    return [choice](const HandlingQuestion& question) {
+        PayoutHandlingLogic dialog(question);
+        dialog.Form_Load();
+        if (choice) dialog.Choose(*choice);
+        dialog.cmdOK_Click();
+        return dialog.answer;
+    };
 }
 
 }  // namespace tt

@@ -6,26 +6,38 @@
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "payouts/display_payouts_logic.h"
 
 namespace tt {
 
-std::string ChosenHandling;
-Int16 HandlingBetType;
-Int16 HandlingBestCorrect;
-
 namespace {
-PayoutCalc* g_running = nullptr;
-
-bool IsAcross(std::int64_t type) {
-    return type == kAcrossTheBoard;
+// Who is told of a settled race, by subscription.
+std::vector<std::pair<int, SettledListener>>& Listeners() {
+    static std::vector<std::pair<int, SettledListener>> listeners;
+    return listeners;
 }
 }  // namespace
 
-void ResetPayoutHandling() {
-    ChosenHandling.clear();
-    HandlingBetType = 0;
-    HandlingBestCorrect = 0;
+bool MostCorrectOffered(const HandlingQuestion& question) {
+    return !IsWinPlaceShow(question.type) && question.bestCorrect != 0;
+}
+
+SettledSubscription::SettledSubscription(SettledListener listener) {
+    static int next = 0;
+    id_ = ++next;
+    Listeners().emplace_back(id_, std::move(listener));
+}
+
+SettledSubscription::~SettledSubscription() {
+    std::erase_if(Listeners(), [this](const auto& l) { return l.first == id_; });
+}
+
+void SettleRace(int race, const HandlingPolicy& policy) {
+    G.CurrentRace = race;
+    PayoutCalc calc(race, policy);
+    calc.CalcPayouts();
+    // A copy: a listener may subscribe or leave while it is told.
+    auto listeners = Listeners();
+    for (const auto& [id, listener] : listeners) listener(race);
 }
 
 double RoundDownTo(double value, std::int16_t code) {
@@ -79,30 +91,14 @@ double MinimumRatio(int race) {
     return (rc.MinPayout - rc.MinBet).ToDouble() / rc.MinBet.ToDouble();
 }
 
-void RecalcRaceTickets(int race) {
-    for (std::int64_t t = 1; t <= RF.TicketCount; ++t) {
-        TicketRec& tk = RF.Ticket(t);
-        if (tk.TicketRace != race || tk.TicketBettor == 0) continue;
-        tk.TicketCost = Currency();
-        tk.Winnings = Currency();
-        for (std::int64_t n = tk.FirstBet; n <= tk.LastBet; ++n) {
-            const BetRec& b = RF.Bet(race, n);
-            if (b.TicketIdx == t && b.BetType != 0) {
-                tk.TicketCost += b.BetCost;
-                tk.Winnings += b.BetWinnings;
-            }
-        }
-    }
-}
-
-void ClearRaceWinnings(int race) {
+void ClearRaceWinnings(int race, int currentRace) {
     for (std::int64_t i = 1; i <= RF.MaxBets; ++i) RF.Bet(race, i).BetWinnings = Currency();
     // A multi-race bet is cleared by the race that is current, not the one named.
-    const int cur = G.CurrentRace;
     for (int k = std::max(race - 5, 1); k <= std::min(race + 5, kMaxRace); ++k) {
         for (std::int64_t i = 1; i <= RF.MaxBets; ++i) {
             BetRec& b = RF.Bet(k, i);
-            if (b.BetType >= 6 && b.BetType <= 10 && cur >= k && cur <= k + b.BetType - 5)
+            const BetType t = BetTypeOf(b.BetType);
+            if (IsMultiRace(t) && currentRace >= k && currentRace <= LastLeg(k, t))
                 b.BetWinnings = Currency();
         }
     }
@@ -110,22 +106,7 @@ void ClearRaceWinnings(int race) {
 
 // ---- The calculation ----------------------------------------------------------------------
 
-PayoutCalc::PayoutCalc() : outer_(g_running) {
-    g_running = this;
-}
-
-PayoutCalc::~PayoutCalc() {
-    g_running = outer_;
-}
-
-const PayoutCalc* RunningPayoutCalc() {
-    return g_running;
-}
-
-void CalcPayouts() {
-    PayoutCalc calc;
-    calc.CalcPayouts();
-}
+PayoutCalc::PayoutCalc(int race, const HandlingPolicy& policy) : CurRace(race), policy_(policy) {}
 
 bool PayoutCalc::Scratched(int race, std::int64_t betNbr) {
     if (betNbr == 0) return false;
@@ -142,18 +123,19 @@ bool PayoutCalc::Scratched(int race, std::int64_t betNbr) {
     return running[static_cast<std::size_t>(betNbr + 32768)] == 0;
 }
 
-const std::vector<std::int32_t>& PayoutCalc::Slots(int race, int type) {
+const std::vector<std::int32_t>& PayoutCalc::Slots(int race, BetType betType) {
+    const int type = Code(betType);
     RF.Race(race);  // checks the race index
     auto r = static_cast<std::size_t>(race);
     if (!slotsBuilt_[r]) {
         for (std::int64_t i = 1; i <= RF.MaxBets; ++i) {
             std::int16_t t = RF.Bet(race, i).BetType;
-            if (t >= 1 && t <= 11)
+            if (IsBetType(t))
                 slots_[r][static_cast<std::size_t>(t)].push_back(static_cast<std::int32_t>(i));
         }
         slotsBuilt_[r] = true;
     }
-    if (type < 1 || type > 11) Raise(kErrSubscript);
+    if (!IsBetType(type)) Raise(kErrSubscript);
     return slots_[r][static_cast<std::size_t>(type)];
 }
 
@@ -167,13 +149,13 @@ Currency PayoutCalc::LessPercentHoldback(Currency pool, int race) const {
     return pool - Currency::FromDouble(pool.ToDouble() * pct / 100);
 }
 
-void PayoutCalc::AskHandling(int type) {
-    HandlingBetType = type;
-    Shell().ShowForm("frmPayoutHandling", true);
+void PayoutCalc::AskHandling(BetType type, int bestCorrect) {
+    if (!policy_) return;
+    if (std::optional<PoolHandling> answer = policy_({CurRace, type, bestCorrect}))
+        handling_ = *answer;
 }
 
 void PayoutCalc::CalcPayouts() {
-    CurRace = G.CurrentRace;
     GetFinishers(CurRace, Finishers);
     G.FileChanged = true;
     for (int t = 1; t <= kBetTypes; ++t)
@@ -183,22 +165,23 @@ void PayoutCalc::CalcPayouts() {
 
     const RaceRec& rc = RF.Race(CurRace);
     if (rc.Result(1) != 0) {
-        for (int t = 1; t <= 5; ++t) {
-            CurBetType = t;
-            if (!rc.BetType(t)) continue;
-            if (t == 1)
+        for (int code = 1; code <= Code(BetType::kTrifecta); ++code) {
+            const BetType t = BetTypeOf(code);
+            CurBetType = code;
+            if (!rc.BetType(code)) continue;
+            if (t == BetType::kWin)
                 DivideWinPool();
-            else if (t <= 3)
+            else if (IsWinPlaceShow(t))
                 DividePlaceOrShowPool(t);
             else
                 CalcExotic(t);
         }
         for (int k = std::max(CurRace.Value() - 5, 1); k <= CurRace; ++k) {
-            for (int t = 6; t <= 10; ++t) {
-                CurBetType = t;
-                if (RF.Race(k).BetType(t)) {
+            for (BetType t : kMultiRaceTypes) {
+                CurBetType = Code(t);
+                if (RF.Race(k).BetType(Code(t))) {
                     // A group that would run past race 20 does not exist.
-                    if (k + t - 5 <= kMaxRace) CalcMultiRace(k, t);
+                    if (LastLeg(k, t) <= kMaxRace) CalcMultiRace(k, t);
                 } else {
                     // The stake is read from the same slot of the race being calculated.
                     for (std::int32_t i : Slots(k, t))
@@ -209,9 +192,12 @@ void PayoutCalc::CalcPayouts() {
     }
 
     RecalcAllTickets();
-    DisplayPayoutsLogic view;
-    view.ShowCalculatedRace(CurRace);
-    RecalcRaceTickets(G.CurrentRace);
+    // What showing the settled race on the payout display does to the document: the default
+    // race made valid, the race current, and a race without result cleared of its winnings.
+    MakeDefaultRaceValid();
+    G.CurrentRace = CurRace;
+    if (rc.Result(1) == 0) ClearRaceWinnings(CurRace, CurRace);
+    RecalcRaceTickets(CurRace);
 }
 
 void PayoutCalc::BuildPools() {
@@ -231,23 +217,24 @@ void PayoutCalc::BuildPools() {
 void PayoutCalc::AddToSingleRacePools(std::int64_t i) {
     RaceRec& rc = RF.Race(CurRace);
     BetRec& b = RF.Bet(CurRace, i);
-    const int type = b.BetType;
+    const BetType type = BetTypeOf(b.BetType);
+    auto offered = [&rc](BetType t) { return bool(rc.BetType(Code(t))); };
 
     b.BetWinnings = Currency();
-    if (IsAcross(type)) {
-        if (!rc.BetType(1)) {
+    if (type == BetType::kAcrossTheBoard) {
+        if (!offered(BetType::kWin)) {
             b.BetWinnings = b.BetAmt;
             b.WinPart = b.BetAmt;
         }
-        if (!rc.BetType(2)) {
+        if (!offered(BetType::kPlace)) {
             b.BetWinnings += b.BetAmt;
             b.PlacePart = b.BetAmt;
         }
-        if (!rc.BetType(3)) {
+        if (!offered(BetType::kShow)) {
             b.BetWinnings += b.BetAmt;
             b.ShowPart = b.BetAmt;
         }
-    } else if (!rc.BetType(type)) {
+    } else if (!offered(type)) {
         b.BetWinnings = b.BetCost;
     }
 
@@ -256,64 +243,52 @@ void PayoutCalc::AddToSingleRacePools(std::int64_t i) {
         if (b.Pick(j) != 0 && Scratched(CurRace, b.Pick(j))) ++s;
 
     if (s >= 1) {
-        switch (type) {
-            case 1:
-            case 2:
-            case 3:
-                b.BetWinnings = b.BetCost;
-                break;
-            case 4:
-            case 5:
-                if (!rc.BetType(type)) break;
+        if (IsWinPlaceShow(type)) {
+            b.BetWinnings = b.BetCost;
+        } else if (IsExotic(type)) {
+            if (offered(type)) {
                 if (!b.Boxed) {
                     b.BetWinnings = b.BetCost;
                 } else {
                     int live = CountPicks(CurRace, i) - s;
-                    if (type == 4) {
+                    if (type == BetType::kExacta) {
                         b.BetWinnings = b.BetCost - b.BetAmt * (Int16(live) * Int16(live - 1));
                     } else {
                         b.BetWinnings = b.BetCost - b.BetAmt * live * (live - 1) * (live - 2);
                     }
                 }
-                break;
-            case kAcrossTheBoard:
-                if (rc.BetType(1)) {
-                    b.BetWinnings = b.BetCost;
-                    b.WinPart = b.BetAmt;
-                    b.PlacePart = b.BetAmt;
-                    b.ShowPart = b.BetAmt;
-                }
-                break;
-            default:
-                break;  // multi-race bets are refunded with their group
+            }
+        } else if (type == BetType::kAcrossTheBoard) {
+            if (offered(BetType::kWin)) {
+                b.BetWinnings = b.BetCost;
+                b.WinPart = b.BetAmt;
+                b.PlacePart = b.BetAmt;
+                b.ShowPart = b.BetAmt;
+            }
         }
+        // Multi-race bets are refunded with their group.
     }
 
-    // The whole of BetWinnings comes off each pool, not the side concerned.
+    // The whole of BetWinnings comes off each pool, not the side concerned; Across the Board
+    // feeds all three.
     const Currency amt = b.BetAmt;
-    if (type == 1 || IsAcross(type)) {
-        RF.Payout(CurRace, 1, 1).PoolAmt += amt - b.BetWinnings;
-        if (b.Pick(1) == Finishers(1) && rc.BetType(1)) RF.Payout(CurRace, 1, 1).WinningAmt += amt;
-    }
-    if (type == 2 || IsAcross(type)) {
-        RF.Payout(CurRace, 2, 1).PoolAmt += amt - b.BetWinnings;
-        if (rc.BetType(2)) {
-            for (int p = 1; p <= 2; ++p)
-                if (b.Pick(1) == Finishers(p)) RF.Payout(CurRace, 2, p).WinningAmt += amt;
+    const bool across = type == BetType::kAcrossTheBoard;
+    for (BetType pool : {BetType::kWin, BetType::kPlace, BetType::kShow}) {
+        if (type != pool && !across) continue;
+        const int row = Code(pool);
+        RF.Payout(CurRace, row, 1).PoolAmt += amt - b.BetWinnings;
+        if (!offered(pool)) continue;
+        // Win pays the first finisher, Place the first two, Show the first three.
+        for (int p = 1; p <= row; ++p) {
+            if (b.Pick(1) == Finishers(p)) RF.Payout(CurRace, row, p).WinningAmt += amt;
         }
     }
-    if (type == 3 || IsAcross(type)) {
-        RF.Payout(CurRace, 3, 1).PoolAmt += amt - b.BetWinnings;
-        if (rc.BetType(3)) {
-            for (int p = 1; p <= 3; ++p)
-                if (b.Pick(1) == Finishers(p)) RF.Payout(CurRace, 3, p).WinningAmt += amt;
-        }
-    }
-    if (type == 4 || type == 5) {
-        RF.Payout(CurRace, type, 1).PoolAmt += b.BetCost - b.BetWinnings;
+    if (IsExotic(type)) {
+        RF.Payout(CurRace, Code(type), 1).PoolAmt += b.BetCost - b.BetWinnings;
         CountCorrectPicks(CurRace, i);
-        if (rc.BetType(type) && b.CorrectPicks >= 1)
-            RF.Payout(CurRace, type, b.CorrectPicks).WinningAmt += amt * b.WinningCombos.Value();
+        if (offered(type) && b.CorrectPicks >= 1)
+            RF.Payout(CurRace, Code(type), b.CorrectPicks).WinningAmt +=
+                amt * b.WinningCombos.Value();
     }
 }
 
@@ -329,10 +304,10 @@ int PayoutCalc::CountPicks(int race, std::int64_t i) {
 
 void PayoutCalc::DivideWinPool() {
     const RaceRec& rc = RF.Race(CurRace);
-    if (!rc.BetType(1)) return;
+    if (!rc.BetType(Code(BetType::kWin))) return;
     NormaliseRaceLimits(CurRace);
 
-    PayoutRec& row = RF.Payout(CurRace, 1, 1);
+    PayoutRec& row = RF.Payout(CurRace, Code(BetType::kWin), 1);
     const Currency pool = row.PoolAmt;
     const Currency pct =
         Currency::FromDouble(pool.ToDouble() * static_cast<double>(rc.HoldbackPct) / 100);
@@ -340,27 +315,23 @@ void PayoutCalc::DivideWinPool() {
     const Currency w = row.WinningAmt;
 
     if (w.IsZero())
-        AskHandling(1);
+        AskHandling(BetType::kWin);
     else
-        ChosenHandling = "Most";
+        handling_ = PoolHandling::kMost;
 
-    if (ChosenHandling == "NoPay") {
-        RF.Payout(CurRace, 1, 1).PayRatio = kNoPay;
+    if (handling_ == PoolHandling::kNoPay) {
+        row.PayRatio = kNoPay;
         return;
     }
-    if (ChosenHandling == "Payback" || w.IsZero()) {
-        RF.Payout(CurRace, 1, 1).PayRatio = kPayback;
-        for (std::int32_t i : Slots(CurRace, 1)) {
-            BetRec& b = RF.Bet(CurRace, i);
-            if (Scratched(CurRace, b.Pick(1))) continue;
-            b.BetWinnings += b.BetAmt;
-            b.WinPart = b.BetAmt;
-        }
-        for (std::int32_t i : Slots(CurRace, kAcrossTheBoard)) {
-            BetRec& b = RF.Bet(CurRace, i);
-            if (Scratched(CurRace, b.Pick(1))) continue;
-            b.BetWinnings += b.BetAmt;
-            b.WinPart = b.BetAmt;
+    if (handling_ == PoolHandling::kPayback || w.IsZero()) {
+        row.PayRatio = kPayback;
+        for (BetType type : {BetType::kWin, BetType::kAcrossTheBoard}) {
+            for (std::int32_t i : Slots(CurRace, type)) {
+                BetRec& b = RF.Bet(CurRace, i);
+                if (Scratched(CurRace, b.Pick(1))) continue;
+                b.BetWinnings += b.BetAmt;
+                b.WinPart = b.BetAmt;
+            }
         }
         return;
     }
@@ -368,9 +339,9 @@ void PayoutCalc::DivideWinPool() {
     double ratio = (net - w).ToDouble() / w.ToDouble();
     double minimum = MinimumRatio(CurRace);
     if (minimum > ratio) ratio = minimum;
-    RF.Payout(CurRace, 1, 1).PayRatio = ratio;
+    row.PayRatio = ratio;
 
-    for (int type : {1, static_cast<int>(kAcrossTheBoard)}) {
+    for (BetType type : {BetType::kWin, BetType::kAcrossTheBoard}) {
         for (std::int32_t i : Slots(CurRace, type)) {
             BetRec& b = RF.Bet(CurRace, i);
             if (b.Pick(1) != Finishers(1)) continue;
@@ -380,8 +351,9 @@ void PayoutCalc::DivideWinPool() {
     }
 }
 
-void PayoutCalc::DividePlaceOrShowPool(int type) {
+void PayoutCalc::DividePlaceOrShowPool(BetType betType) {
     const RaceRec& rc = RF.Race(CurRace);
+    const int type = Code(betType);
     if (!rc.BetType(type)) return;
     NormaliseRaceLimits(CurRace);
 
@@ -399,23 +371,25 @@ void PayoutCalc::DividePlaceOrShowPool(int type) {
     }
 
     if (ways == 0)
-        AskHandling(type);
+        AskHandling(betType);
     else
-        ChosenHandling = "Most";
+        handling_ = PoolHandling::kMost;
 
-    auto side = [type](BetRec& b) -> Currency& { return type == 2 ? b.PlacePart : b.ShowPart; };
+    auto side = [betType](BetRec& b) -> Currency& {
+        return betType == BetType::kPlace ? b.PlacePart : b.ShowPart;
+    };
     auto store = [&] {
         for (int p = 1; p <= positions; ++p) RF.Payout(CurRace, type, p).PayRatio = ratio[p];
     };
 
-    if (ChosenHandling == "NoPay") {
+    if (handling_ == PoolHandling::kNoPay) {
         for (int p = 1; p <= positions; ++p) ratio[p] = kNoPay;
         store();
         return;
     }
-    if (ChosenHandling == "Payback" || ways == 0) {
+    if (handling_ == PoolHandling::kPayback || ways == 0) {
         for (int p = 1; p <= positions; ++p) ratio[p] = kPayback;
-        for (int bt : {type, static_cast<int>(kAcrossTheBoard)}) {
+        for (BetType bt : {betType, BetType::kAcrossTheBoard}) {
             for (std::int32_t i : Slots(CurRace, bt)) {
                 BetRec& b = RF.Bet(CurRace, i);
                 if (Scratched(CurRace, b.Pick(1))) continue;
@@ -436,7 +410,7 @@ void PayoutCalc::DividePlaceOrShowPool(int type) {
         if (minimum > ratio[p]) ratio[p] = minimum;
     }
 
-    for (int bt : {type, static_cast<int>(kAcrossTheBoard)}) {
+    for (BetType bt : {betType, BetType::kAcrossTheBoard}) {
         for (std::int32_t i : Slots(CurRace, bt)) {
             BetRec& b = RF.Bet(CurRace, i);
             for (int p = 1; p <= positions; ++p) {

@@ -12,6 +12,7 @@
 #include "model/checked_int.h"
 #include "model/currency.h"
 #include "model/tables.h"
+#include "payouts/settle_race.h"
 
 namespace tt {
 
@@ -19,15 +20,6 @@ namespace tt {
 inline constexpr double kPayback = -1.0;     // every bet of the pool is paid back
 inline constexpr double kNoPay = -2.0;       // nothing is paid, or nobody is on this finisher
 inline constexpr double kIncomplete = -3.0;  // a leg of a multi-race bet has no result yet
-
-// What to do with a pool without winners, as the Payout Handling dialog sets it: "Most",
-// "Payback" or "NoPay"; empty until first set. Keeps its last value between pools.
-extern std::string ChosenHandling;
-// The bet type the dialog names, and the most correct picks of its pool.
-extern Int16 HandlingBetType;
-extern Int16 HandlingBestCorrect;
-// Back to the state of a fresh process.
-void ResetPayoutHandling();
 
 // Rounds a payout down to the step of a race's rounding code (-2, -1, 0, 25, 50), in 64-bit
 // floating point, so that binary fractions show through exactly as they always have.
@@ -46,24 +38,17 @@ void NormaliseRaceLimits(int race);
 // The least ratio a pool of the race may pay: (MinPayout - MinBet) / MinBet.
 double MinimumRatio(int race);
 
-// Sums the tickets of one race again from their bets; tickets that no longer count are left.
-void RecalcRaceTickets(int race);
+// Takes back every amount of a race that has no result, and of the multi-race bets whose span
+// covers the current race.
+void ClearRaceWinnings(int race, int currentRace);
 
-// Takes back every amount of a race that has no result, and of the multi-race bets that
-// cover CurrentRace.
-void ClearRaceWinnings(int race);
-
-// The calculation of one race: the working fields the payout display keeps for it, and the
-// passes in their order. Opens the Payout Handling dialog through the shell, once for each
-// pool that has no winner.
+// The calculation of one race: the working fields it keeps, and the passes in their order. A
+// pool that nobody won is put to the handling policy.
 class PayoutCalc {
   public:
-    PayoutCalc();
-    ~PayoutCalc();
-    PayoutCalc(const PayoutCalc&) = delete;
-    PayoutCalc& operator=(const PayoutCalc&) = delete;
+    PayoutCalc(int race, const HandlingPolicy& policy);
 
-    // Settles CurrentRace: Bet, Payout, Ticket, Race.CorrectPaid; sets FileChanged.
+    // Settles CurRace: Bet, Payout, Ticket, Race.CorrectPaid; sets FileChanged.
     void CalcPayouts();
 
     // Exacta and Trifecta: CorrectPicks and WinningCombos from Finishers.
@@ -72,10 +57,10 @@ class PayoutCalc {
     void CountLegsCorrect(int k, std::int64_t i);
     // The picks of a bet above 0.
     static int CountPicks(int race, std::int64_t i);
-    // Divides the Exacta (4) or Trifecta (5) pool of CurRace.
-    void CalcExotic(int t);
+    // Divides the Exacta or Trifecta pool of CurRace.
+    void CalcExotic(BetType t);
     // Divides the pool of the group of type t that starts at race k.
-    void CalcMultiRace(int k, int t);
+    void CalcMultiRace(int k, BetType t);
 
     Int16 CurRace;
     FixedArray<Int16, 1, 3> Finishers;
@@ -88,28 +73,26 @@ class PayoutCalc {
     void BuildMultiRacePools();
     void DivideWinPool();
     // Place (2 ways) and Show (3 ways) share one rule.
-    void DividePlaceOrShowPool(int type);
+    void DividePlaceOrShowPool(BetType type);
     // The payment of a bet of stake a at a ratio, rounded down by the race's code.
     Currency Payment(Currency a, double ratio, int race) const;
     // A pool less its percent holdback.
     Currency LessPercentHoldback(Currency pool, int race) const;
-    void AskHandling(int type);
+    // Puts a pool without winners to the policy; an answer becomes the handling in force.
+    void AskHandling(BetType type, int bestCorrect = 0);
 
     bool Scratched(int race, std::int64_t betNbr);
     // Slots 1..MaxBets of a race holding bets of a type, in slot order.
-    const std::vector<std::int32_t>& Slots(int race, int type);
+    const std::vector<std::int32_t>& Slots(int race, BetType type);
 
+    const HandlingPolicy& policy_;
+    // The handling in force: each pool either has winners, and is paid on the most correct, or
+    // is put to the policy.
+    PoolHandling handling_ = PoolHandling::kMost;
     // Per race, filled on first use: bet numbers borne by a running racer, and slots by type.
     std::array<std::vector<std::uint8_t>, 22> running_;
     std::array<std::array<std::vector<std::int32_t>, 12>, 22> slots_;
     std::array<bool, 22> slotsBuilt_{};
-    PayoutCalc* outer_ = nullptr;
 };
-
-// The calculation under way, if any: the Payout Handling dialog reads its CurRace.
-const PayoutCalc* RunningPayoutCalc();
-
-// Settles CurrentRace with a fresh calculation object.
-void CalcPayouts();
 
 }  // namespace tt

@@ -1,13 +1,10 @@
 #include "racecard/race_card_logic.h"
 
-#include <algorithm>
-#include <cmath>
-
 #include "files/file_commands.h"
 #include "files/recovery_file.h"
 #include "model/common.h"
+#include "model/help_ids.h"
 #include "model/ports.h"
-#include "shell/help_ids.h"
 
 namespace tt {
 
@@ -15,196 +12,11 @@ namespace {
 
 RaceCardLogic* g_active = nullptr;
 
-const char* const kBetTypeCaptions[11] = {"",       "Win",      "Place",        "Show",
-                                          "Exacta", "Trifecta", "Daily Double", "Pick 3",
-                                          "Pick 4", "Pick 5",   "Pick 6"};
-const char* const kBetTypeTips[11] = {"",
-                                      "Pick the winner of the race.",
-                                      "Pick one of the top two finishers.",
-                                      "Pick one of the top three finishers.",
-                                      "Pick the top two finishers in order.",
-                                      "Pick the top three finishers in order.",
-                                      "Pick the winner of two consecutive races.",
-                                      "Pick the winner of 3 consecutive races.",
-                                      "Pick the winner of 4 consecutive races.",
-                                      "Pick the winner of 5 consecutive races.",
-                                      "Pick the winner of 6 consecutive races."};
-const char* const kRoundSuffix[5] = {"001", "010", "25", "50", "1"};
-const char* const kRoundCaptions[5] = {"0.01", "0.10", "0.25", "0.50", "1.00"};
-
-const char* const kRaceNotEstablished = "Race not established!";
-const char* const kEnterRaceName = "Please enter Race Name before copying racers.";
-
-std::string Indexed(const char* name, int i) {
-    return std::string(name) + "(" + std::to_string(i) + ")";
-}
-
-// A single as the text boxes show it: the shortest text that reads back to the same value.
-std::string SingleText(float f) {
-    std::string s;
-    AppendFileNumber(s, f);
-    return s;
-}
-
-Currency MoneyOf(const ControlState& c) {
-    return Currency::FromDouble(Val(c.text));
-}
-bool IsChecked(const ControlState& c) {
-    return c.value != 0;
-}
-bool Whole(double v) {
-    return v == std::floor(v);
-}
-
 }  // namespace
-
-std::string RaceOrdinalCaption(int race) {
-    switch (race) {
-        case 1:
-            return "1st Race:";
-        case 2:
-            return "2nd Race:";
-        case 3:
-            return "3rd Race:";
-        default:
-            return Str(race) + "th Race:";
-    }
-}
-
-void FreeRacerSlot(RacerRec& racer) {
-    racer.PostPosition = "0";
-    racer.BetNbr = 0;
-    racer.ProgramNbr.clear();
-    racer.RacerName.clear();
-    racer.Odds = 0;
-    racer.Scratched = false;
-}
-
-// ---- Construction ---------------------------------------------------------------------------
 
 RaceCardLogic::RaceCardLogic() {
     caption = "Race Card Setup";
     g_active = this;
-
-    for (const char* t : {"Horse", "Car", "Runner", "Dog", "Rabbit", "Golfer"})
-        comRaceTypeList.AddItem(t);
-    for (const char* s : {"Betting Number", "Program Number", "Post Position", "Name"})
-        comRacerSort.AddItem(s);
-
-    chkPrintBets.text = "Print tickets";
-    lblPrint2.text = "Hold a maximum of ";
-    lblPrint3.text = "transactions in memory before printing";
-    lblTicketFontSize.text = "Font Size:";
-    chkUseBetNbr.text = "Use Bet Numbers";
-    chkUseProgramNbr.text = "Use Program Numbers";
-    chkUsePostPosition.text = "Use Post Positions";
-    chkCollectZero.text = "Default cash/collect amount to 0.00";
-    chkDefaultToDummy.text = "Default Bettor to \"Not Specified\"";
-    for (int i = 1; i <= kBetTypes; ++i) {
-        chkBetType[i].text = chkRBetType[i].text = kBetTypeCaptions[i];
-        chkBetType[i].toolTip = chkRBetType[i].toolTip = kBetTypeTips[i];
-    }
-    for (int i = 0; i < 5; ++i) optRoundTo[i].text = optRRoundTo[i].text = kRoundCaptions[i];
-    chkDefault.text = chkRRDefault.text = "Set as default";
-    cmdPrev.text = cmdRRPrev.text = "<< Prev";
-    cmdNext.text = CmdRRNext.text = "Next >>";
-    cmdDelete.text = "Delete";
-    lblResultsMessage.text =
-        "Results for this race entered.  To edit protected items you must remove the results.";
-    lblResultsMessage.visible = false;
-    fraRace.text = "Settings for this Race";
-    cmdReset.text = "Reset to Defaults:";
-    cmdNew.text = "New Racer";
-    cmdCopyRacers.text = "Copy Racers";
-    cmdClearRacers.text = "Remove All:";
-    lblRResultsMessage.text =
-        "Results for this race entered.  To edit racers you must remove the results.";
-    lblRResultsMessage.visible = false;
-    chkBackup.text = "Prompt for file backup";
-    lblSaveAfter1.text = "After every";
-    lblSaveAfter2.text = "transactions";
-    chkRecoveryFlag.text = "Use Recovery File";
-    lblRecoveryFile.text = "Transaction Recovery File:";
-    cmdBrowse.text = "Browse...";
-    chkClearRecovery.text = "Clear Recovery File on file save.";
-    lblClear1.text = "Clear data";
-    lblClear2.text = "days old on File/Save.";
-    cmdOK.text = "OK";
-    cmdCancel.text = "Cancel";
-    cmdHelp.text = "Help";
-
-    Register("txtFileName", txtFileName, Kind::kPlain);
-    Register("comRaceType", comRaceType, Kind::kOther);
-    Register("chkPrintBets", chkPrintBets, Kind::kCheck);
-    Register("lblPrint2", lblPrint2, Kind::kOther);
-    Register("txtMaxTransInPrinter", txtMaxTransInPrinter, Kind::kNumber);
-    Register("lblPrint3", lblPrint3, Kind::kOther);
-    Register("lblTicketFontSize", lblTicketFontSize, Kind::kOther);
-    Register("txtTicketFontSize", txtTicketFontSize, Kind::kFont);
-    Register("txtReportFontSize", txtReportFontSize, Kind::kFont);
-    Register("chkUseBetNbr", chkUseBetNbr, Kind::kCheck);
-    Register("chkUseProgramNbr", chkUseProgramNbr, Kind::kCheck);
-    Register("chkUsePostPosition", chkUsePostPosition, Kind::kCheck);
-    Register("chkCollectZero", chkCollectZero, Kind::kCheck);
-    Register("chkDefaultToDummy", chkDefaultToDummy, Kind::kCheck);
-
-    Register("txtMinBet", txtMinBet, Kind::kMoney);
-    Register("txtMinPayout", txtMinPayout, Kind::kMoney);
-    Register("txtBetIncr", txtBetIncr, Kind::kMoney);
-    Register("txtHoldbackPct", txtHoldbackPct, Kind::kNumber);
-    Register("txtHoldbackAmt", txtHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i)
-        Register(Indexed("chkBetType", i), chkBetType[i], Kind::kCheck);
-    for (int i = 1; i <= 5; ++i) Register(Indexed("txtQuickBet", i), txtQuickBet[i], Kind::kMoney);
-    for (int i = 0; i < 5; ++i)
-        Register(std::string("optRoundTo") + kRoundSuffix[i], optRoundTo[i], Kind::kOption);
-
-    Register("lblRace", lblRace, Kind::kOther);
-    Register("txtRaceName", txtRaceName, Kind::kRaceName);
-    Register("chkDefault", chkDefault, Kind::kCheck);
-    Register("cmdPrev", cmdPrev, Kind::kOther);
-    Register("cmdNext", cmdNext, Kind::kOther);
-    Register("cmdDelete", cmdDelete, Kind::kOther);
-    Register("lblResultsMessage", lblResultsMessage, Kind::kOther);
-    Register("fraRace", fraRace, Kind::kOther);
-    Register("txtRMinBet", txtRMinBet, Kind::kMoney);
-    Register("txtRMinPayout", txtRMinPayout, Kind::kMoney);
-    Register("txtRBetIncr", txtRBetIncr, Kind::kMoney);
-    Register("txtRHoldbackPct", txtRHoldbackPct, Kind::kNumber);
-    Register("txtRHoldbackAmt", txtRHoldbackAmt, Kind::kMoney);
-    for (int i = 1; i <= kBetTypes; ++i)
-        Register(Indexed("chkRBetType", i), chkRBetType[i], Kind::kCheck);
-    for (int i = 1; i <= 5; ++i)
-        Register(Indexed("txtRQuickBet", i), txtRQuickBet[i], Kind::kMoneyNoFilter);
-    for (int i = 0; i < 5; ++i)
-        Register(std::string("optRRoundTo") + kRoundSuffix[i], optRRoundTo[i], Kind::kOption);
-    Register("cmdReset", cmdReset, Kind::kOther);
-
-    Register("lblRRRace", lblRRRace, Kind::kOther);
-    Register("txtRRRaceName", txtRRRaceName, Kind::kRRRaceName);
-    Register("chkRRDefault", chkRRDefault, Kind::kCheck);
-    Register("cmdRRPrev", cmdRRPrev, Kind::kOther);
-    Register("CmdRRNext", CmdRRNext, Kind::kOther);
-    Register("cmdNew", cmdNew, Kind::kOther);
-    Register("cmdCopyRacers", cmdCopyRacers, Kind::kOther);
-    Register("cmdClearRacers", cmdClearRacers, Kind::kOther);
-    Register("lblRResultsMessage", lblRResultsMessage, Kind::kOther);
-
-    Register("chkBackup", chkBackup, Kind::kCheck);
-    Register("lblSaveAfter1", lblSaveAfter1, Kind::kOther);
-    Register("txtSaveAfter", txtSaveAfter, Kind::kNumber);
-    Register("lblSaveAfter2", lblSaveAfter2, Kind::kOther);
-    Register("chkRecoveryFlag", chkRecoveryFlag, Kind::kCheck);
-    Register("lblRecoveryFile", lblRecoveryFile, Kind::kOther);
-    Register("txtRecoveryFile", txtRecoveryFile, Kind::kPlain);
-    Register("cmdBrowse", cmdBrowse, Kind::kOther);
-    Register("chkClearRecovery", chkClearRecovery, Kind::kCheck);
-    Register("lblClear1", lblClear1, Kind::kOther);
-    Register("txtClearDays", txtClearDays, Kind::kNumber);
-    Register("lblClear2", lblClear2, Kind::kOther);
-    Register("cmdOK", cmdOK, Kind::kOther);
-    Register("cmdCancel", cmdCancel, Kind::kOther);
-    Register("cmdHelp", cmdHelp, Kind::kOther);
 }
 
 RaceCardLogic::~RaceCardLogic() {
@@ -213,43 +25,6 @@ RaceCardLogic::~RaceCardLogic() {
 
 RaceCardLogic* RaceCardLogic::Active() {
     return g_active;
-}
-
-void RaceCardLogic::Register(const std::string& name, ControlState& c, Kind kind) {
-    controls_[name] = {&c, kind};
-    names_[&c] = name;
-}
-
-const std::string& RaceCardLogic::NameOf(const ControlState& c) const {
-    return names_.at(&c);
-}
-
-ControlState& RaceCardLogic::Ctl(const std::string& name) {
-    auto it = controls_.find(name);
-    if (it == controls_.end()) Raise(kErrInvalidCall);
-    return *it->second.control;
-}
-
-std::vector<std::string> RaceCardLogic::TextNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind != Kind::kCheck && e.kind != Kind::kOption && e.kind != Kind::kOther)
-            out.push_back(name);
-    return out;
-}
-
-std::vector<std::string> RaceCardLogic::CheckNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind == Kind::kCheck) out.push_back(name);
-    return out;
-}
-
-std::vector<std::string> RaceCardLogic::OptionNames() const {
-    std::vector<std::string> out;
-    for (const auto& [name, e] : controls_)
-        if (e.kind == Kind::kOption) out.push_back(name);
-    return out;
 }
 
 // ---- Assignments by the window's code ----------------------------------------------------
@@ -287,11 +62,11 @@ void RaceCardLogic::SetRoundTo(std::array<ControlState, 5>& group, int code) {
 // ---- Mechanical events ---------------------------------------------------------------------
 
 void RaceCardLogic::Text_Change(const std::string& name) {
-    switch (controls_.at(name).kind) {
-        case Kind::kRaceName:
+    switch (KindOf(name)) {
+        case ControlKind::kRaceName:
             txtRaceName_Change();
             break;
-        case Kind::kRRRaceName:
+        case ControlKind::kRRRaceName:
             break;
         default:
             FormChanged = true;
@@ -300,17 +75,17 @@ void RaceCardLogic::Text_Change(const std::string& name) {
 }
 
 void RaceCardLogic::Text_GotFocus(const std::string& name) {
-    switch (controls_.at(name).kind) {
-        case Kind::kRaceName:
+    switch (KindOf(name)) {
+        case ControlKind::kRaceName:
             txtRaceName_GotFocus();
             break;
-        case Kind::kRRRaceName:
+        case ControlKind::kRRRaceName:
             txtRRRaceName_GotFocus();
             break;
-        case Kind::kMoney:
-        case Kind::kMoneyNoFilter:
-        case Kind::kNumber:
-        case Kind::kFont:
+        case ControlKind::kMoney:
+        case ControlKind::kMoneyNoFilter:
+        case ControlKind::kNumber:
+        case ControlKind::kFont:
             selectText = name;
             break;
         default:
@@ -319,10 +94,10 @@ void RaceCardLogic::Text_GotFocus(const std::string& name) {
 }
 
 void RaceCardLogic::Text_KeyPress(const std::string& name, int& key) {
-    switch (controls_.at(name).kind) {
-        case Kind::kMoney:
-        case Kind::kNumber:
-        case Kind::kFont:
+    switch (KindOf(name)) {
+        case ControlKind::kMoney:
+        case ControlKind::kNumber:
+        case ControlKind::kFont:
             key = NumericKeyFilter(key, false);
             break;
         default:
@@ -331,14 +106,15 @@ void RaceCardLogic::Text_KeyPress(const std::string& name, int& key) {
 }
 
 void RaceCardLogic::Text_LostFocus(const std::string& name) {
-    const Entry& e = controls_.at(name);
-    switch (e.kind) {
-        case Kind::kMoney:
-        case Kind::kMoneyNoFilter:
-            SetText(*e.control, MoneyText(Val(e.control->text)));
+    const ControlKind kind = KindOf(name);
+    ControlState& c = Ctl(name);
+    switch (kind) {
+        case ControlKind::kMoney:
+        case ControlKind::kMoneyNoFilter:
+            SetText(c, MoneyText(Val(c.text)));
             break;
-        case Kind::kFont:
-            if (e.control == &txtReportFontSize)
+        case ControlKind::kFont:
+            if (&c == &txtReportFontSize)
                 txtReportFontSize_LostFocus();
             else
                 txtTicketFontSize_LostFocus();
@@ -370,7 +146,7 @@ void RaceCardLogic::txtTicketFontSize_LostFocus() {
 
 void RaceCardLogic::Check_Click(const std::string& name) {
     FormChanged = true;
-    const ControlState* c = controls_.at(name).control;
+    const ControlState* c = &Ctl(name);
     if (c == &chkRecoveryFlag)
         chkRecoveryFlag_Click();
     else if (c == &chkClearRecovery)
@@ -391,12 +167,13 @@ void RaceCardLogic::Check_Click(const std::string& name) {
 
 void RaceCardLogic::Option_Click(const std::string& name) {
     for (int i = 0; i < 5; ++i) {
-        if (name == std::string("optRoundTo") + kRoundSuffix[i]) {
+        const std::string suffix = kRoundSuffixes[static_cast<std::size_t>(i)];
+        if (name == "optRoundTo" + suffix) {
             optRoundTo[static_cast<std::size_t>(i)].value = 0;
             ChooseOption(optRoundTo, i, true);
             return;
         }
-        if (name == std::string("optRRoundTo") + kRoundSuffix[i]) {
+        if (name == "optRRoundTo" + suffix) {
             optRRoundTo[static_cast<std::size_t>(i)].value = 0;
             ChooseOption(optRRoundTo, i, true);
             return;
@@ -455,30 +232,13 @@ void RaceCardLogic::PrintingRule() {
     lblTicketFontSize.visible = txtTicketFontSize.visible = print;
 }
 
-// ---- Load and the copies -------------------------------------------------------------------
-
-void RaceCardLogic::CopyToWork() {
-    for (int i = 0; i <= kMaxRace; ++i) {
-        const RaceRec& from = RF.Race(i);
-        RaceRec& to = WorkRace(i);
-        to.RaceName = from.RaceName;
-        to.MinBet = from.MinBet;
-        to.MinPayout = from.MinPayout;
-        to.BetIncr = from.BetIncr;
-        to.RoundTo = from.RoundTo;
-        to.HoldbackAmt = from.HoldbackAmt;
-        to.HoldbackPct = from.HoldbackPct;
-        for (int q = 1; q <= 5; ++q) to.QuickBet(q) = from.QuickBet(q);
-        for (int t = 1; t <= kBetTypes; ++t) to.BetType(t) = from.BetType(t);
-        for (int n = 1; n <= RF.MaxRacers; ++n) WorkRacer(i, n) = RF.Racer(i, n);
-    }
-}
+// ---- Load -----------------------------------------------------------------------------------
 
 void RaceCardLogic::Form_Load() {
     // Filling the window from the document is no edit by the user.
     loading_ = true;
     WorkRacer.ReDim(RF.MaxRacers);
-    CopyToWork();
+    CopyToWork(Copies());
 
     txtFileName.text = RF.FileName;
     txtSaveAfter.text = Str(RF.SaveAfter.Value());
@@ -526,283 +286,24 @@ void RaceCardLogic::Form_Load() {
     FormChanged = false;
 }
 
-// ---- Races ----------------------------------------------------------------------------------
-
-void RaceCardLogic::BuildRaceLists() {
-    comRaceName.Clear();
-    comRRRaceName.Clear();
-    for (int i = 1; i <= kMaxRace; ++i) {
-        const std::string& name = WorkRace(i).RaceName;
-        std::string text = name.empty() ? "(" + Str(i) + " )" : name;
-        comRaceName.AddItem(text, i);
-        comRRRaceName.AddItem(text, i);
-    }
-    SelectRaceInLists(G.CurrentRace);
-}
-
-void RaceCardLogic::SelectRaceInLists(int race) {
-    SelectByItemData(comRaceName, race);
-    if (comRaceName.HasSelection()) comRaceName_Click();
-    SelectByItemData(comRRRaceName, race);
-    if (comRRRaceName.HasSelection()) comRRRaceName_Click();
-}
-
-void RaceCardLogic::GoToRace(int race) {
-    if (race < 1 || race > kMaxRace) {
-        MsgBox("Unexpected Error - Invalid Race Id");
-        return;
-    }
-    BuildRaceLists();
-    G.CurrentRace = race;
-    MoveRaceToWindow(race);
-    MoveRacerToWindow(race);
-    SelectRaceInLists(race);
-}
-
-void RaceCardLogic::RefreshDefaultChecks() {
-    if (!comRaceName.HasSelection()) return;
-    const int on = comRaceName.SelectedData() == RF.DefaultRace ? 1 : 0;
-    SetValue(chkDefault, on);
-    SetValue(chkRRDefault, on);
-}
-
-void RaceCardLogic::comRaceName_Click() {
-    RefreshDefaultChecks();
-    if (comRaceName.HasSelection() && comRaceName.SelectedData() != G.CurrentRace)
-        GoToRace(static_cast<int>(comRaceName.SelectedData()));
-}
-
-void RaceCardLogic::comRRRaceName_Click() {
-    RefreshDefaultChecks();
-    if (comRRRaceName.HasSelection() && comRRRaceName.SelectedData() != G.CurrentRace)
-        GoToRace(static_cast<int>(comRRRaceName.SelectedData()));
-}
-
-void RaceCardLogic::comRaceName_DropDown() {
-    BuildRaceLists();
-}
-void RaceCardLogic::comRRRaceName_DropDown() {
-    BuildRaceLists();
-}
-
-void RaceCardLogic::chkDefault_Click() {
-    // The default race is set in the document at once: Cancel does not take it back.
-    if (IsChecked(chkDefault) && comRaceName.HasSelection())
-        RF.DefaultRace = static_cast<std::int16_t>(comRaceName.SelectedData());
-}
-
-void RaceCardLogic::chkRRDefault_Click() {
-    if (IsChecked(chkRRDefault) && comRaceName.HasSelection())
-        RF.DefaultRace = static_cast<std::int16_t>(comRaceName.SelectedData());
-}
-
-void RaceCardLogic::Step(int delta) {
-    if (!ValidateWindow()) return;
-    const bool changed = FormChanged;
-    StoreRaceFromWindow(G.CurrentRace);
-    const int target = G.CurrentRace + delta;
-    if (target < 1 || target > kMaxRace) {
-        Beep();
-        RefreshDefaultChecks();
-        return;
-    }
-    G.CurrentRace = target;
-    SelectRaceInLists(target);
-    MoveRaceToWindow(target);
-    MoveRacerToWindow(target);
-    RefreshDefaultChecks();
-    // Moving between races is not an edit.
-    FormChanged = changed;
-}
-
-void RaceCardLogic::cmdNext_Click() {
-    Step(1);
-}
-void RaceCardLogic::cmdPrev_Click() {
-    Step(-1);
-}
-
-void RaceCardLogic::MoveRaceToWindow(int race) {
-    lblRace.text = RaceOrdinalCaption(race);
-    const RaceRec w = WorkRace(race);
-    if (!w.RaceName.empty()) {
-        SetText(txtRaceName, w.RaceName);
-        fraRace.visible = true;
-        SetText(txtRMinBet, MoneyText(w.MinBet));
-        SetText(txtRMinPayout, MoneyText(w.MinPayout));
-        SetText(txtRBetIncr, MoneyText(w.BetIncr));
-        SetText(txtRHoldbackAmt, MoneyText(w.HoldbackAmt));
-        SetText(txtRHoldbackPct, SingleText(w.HoldbackPct));
-        for (int t = 1; t <= kBetTypes; ++t) SetValue(chkRBetType[t], w.BetType(t) ? 1 : 0);
-        for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], MoneyText(w.QuickBet(q)));
-        SetRoundTo(optRRoundTo, w.RoundTo);
-    } else {
-        for (ControlState* c :
-             {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackPct, &txtRHoldbackAmt})
-            SetText(*c, {});
-        for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], {});
-        SetText(txtRaceName, {});
-        for (int t = 1; t <= kBetTypes; ++t) SetValue(chkRBetType[t], 0);
-        SetRoundTo(optRRoundTo, 0);
-        fraRace.visible = false;
-    }
-    ApplyRaceProtection(race);
-}
-
-void RaceCardLogic::ApplyRaceProtection(int race) {
-    const bool results = RaceFinished(race);
-    for (ControlState* c : {&txtRMinBet, &txtRMinPayout, &txtRBetIncr, &txtRHoldbackAmt,
-                            &txtRHoldbackPct, &cmdReset, &txtRaceName})
-        c->enabled = !results;
-    for (int t = 1; t <= 5; ++t) chkRBetType[t].enabled = !results;
-    for (auto& o : optRRoundTo) o.enabled = !results;
-    lblResultsMessage.visible = results;
-    // A multi-race type spans race to race + type - 5; it locks only when every race of the
-    // span has results, and it is not offered where the span runs past the last race.
-    for (int t = 6; t <= kBetTypes; ++t) {
-        const int last = race + t - 5;
-        ControlState& box = chkRBetType[t];
-        if (!results) {
-            box.enabled = true;
-        } else if (last > kMaxRace) {
-            box.enabled = false;
-        } else {
-            bool open = false;
-            for (int r = race; r <= last && !open; ++r) open = !RaceFinished(r);
-            box.enabled = open;
-        }
-        box.visible = last <= kMaxRace;
-    }
-}
-
-void RaceCardLogic::txtRaceName_Change() {
-    if (!txtRaceName.text.empty()) fraRace.visible = true;
-    WorkRace(G.CurrentRace).RaceName = txtRaceName.text;
-}
-
-void RaceCardLogic::txtRaceName_GotFocus() {
-    if (!txtRaceName.text.empty()) {
-        selectText = "txtRaceName";
-        return;
-    }
-    const std::string& label = lblRace.text;
-    SetText(txtRaceName, label.empty() ? std::string() : label.substr(0, label.size() - 1));
-    ResetRaceToDefaults();
-    WorkRace(G.CurrentRace).RaceName = txtRaceName.text;
-}
-
-void RaceCardLogic::txtRRRaceName_GotFocus() {
-    if (!txtRRRaceName.text.empty()) {
-        selectText = "txtRRRaceName";
-        return;
-    }
-    const std::string& label = lblRRRace.text;
-    std::string name = label.empty() ? std::string() : label.substr(0, label.size() - 1);
-    SetText(txtRRRaceName, name);
-    SetText(txtRaceName, name);
-    ResetRaceToDefaults();
-    WorkRace(G.CurrentRace).RaceName = name;
-}
-
-void RaceCardLogic::ResetRaceToDefaults() {
-    const RaceRec d = WorkRace(0);
-    SetText(txtRMinBet, MoneyText(d.MinBet));
-    SetText(txtRMinPayout, MoneyText(d.MinPayout));
-    SetText(txtRBetIncr, MoneyText(d.BetIncr));
-    SetText(txtRHoldbackAmt, MoneyText(d.HoldbackAmt));
-    SetText(txtRHoldbackPct, SingleText(d.HoldbackPct));
-    for (int t = 1; t <= kBetTypes; ++t) SetValue(chkRBetType[t], d.BetType(t) ? 1 : 0);
-    SetRoundTo(optRRoundTo, d.RoundTo);
-    for (int q = 1; q <= 5; ++q) SetText(txtRQuickBet[q], txtQuickBet[q].text);
-}
-
-void RaceCardLogic::cmdReset_Click() {
-    ResetRaceToDefaults();
-}
-
-void RaceCardLogic::StoreRaceFromWindow(int race) {
-    if (race == 0) return;
-    // Read every box before the race changes, so a value too large stops with the copy whole.
-    const Currency minBet = MoneyOf(txtRMinBet), minPayout = MoneyOf(txtRMinPayout),
-                   betIncr = MoneyOf(txtRBetIncr), holdbackAmt = MoneyOf(txtRHoldbackAmt);
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtRQuickBet[q]);
-    RaceRec& w = WorkRace(race);
-    w.RaceName = txtRaceName.text;
-    w.MinBet = minBet;
-    w.MinPayout = minPayout;
-    w.BetIncr = betIncr;
-    w.HoldbackAmt = holdbackAmt;
-    w.HoldbackPct = static_cast<float>(Val(txtRHoldbackPct.text));
-    for (int t = 1; t <= kBetTypes; ++t) w.BetType(t) = IsChecked(chkRBetType[t]);
-    for (int q = 1; q <= 5; ++q) w.QuickBet(q) = quick[static_cast<std::size_t>(q)];
-}
-
-void RaceCardLogic::StoreDefaultsFromWindow() {
-    const Currency minBet = MoneyOf(txtMinBet), minPayout = MoneyOf(txtMinPayout),
-                   betIncr = MoneyOf(txtBetIncr), holdbackAmt = MoneyOf(txtHoldbackAmt);
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtQuickBet[q]);
-    RaceRec& d = WorkRace(0);
-    d.MinBet = minBet;
-    d.MinPayout = minPayout;
-    d.BetIncr = betIncr;
-    d.HoldbackAmt = holdbackAmt;
-    d.HoldbackPct = static_cast<float>(Val(txtHoldbackPct.text));
-    for (int t = 1; t <= kBetTypes; ++t) d.BetType(t) = IsChecked(chkBetType[t]);
-    for (int q = 1; q <= 5; ++q) d.QuickBet(q) = quick[static_cast<std::size_t>(q)];
-}
-
-void RaceCardLogic::cmdDelete_Click() {
-    FormChanged = true;
-    const int race = G.CurrentRace;
-    bool bets = false, racers = false;
-    for (std::int64_t n = 1; n <= RF.MaxBets && !bets; ++n) bets = RF.Bet(race, n).BetType != 0;
-    for (std::int64_t n = 1; n <= RF.MaxRacers && !racers; ++n)
-        racers = RF.Racer(race, n).BetNbr != 0;
-    const char* prefix = bets && racers ? "Racers and Bets "
-                         : bets         ? "Bets "
-                         : racers       ? "Racers "
-                                        : nullptr;
-    if (prefix) {
-        Beep(2);
-        if (MsgBox(std::string(prefix) + "for this race exist on file!" + kCrLf +
-                       "This data will be lost!" + kCrLf +
-                       "Are you sure you want to delete this race?",
-                   Buttons::kOKCancel, Icon::kExclamation, {}, 1) == kCancel)
-            return;
-    }
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) FreeRacerSlot(WorkRacer(race, n));
-    RaceRec& w = WorkRace(race);
-    w.RaceName.clear();
-    w.MinBet = w.MinPayout = w.BetIncr = w.HoldbackAmt = Currency();
-    for (int q = 1; q <= 5; ++q) w.QuickBet(q) = Currency();
-    w.HoldbackPct = 0;
-    w.RoundTo = 0;
-    for (int t = 1; t <= kBetTypes; ++t) w.BetType(t) = false;
-    for (int k = 1; k <= 4; ++k) w.Result(k) = 0;
-    MoveRaceToWindow(race);
-    MoveRacerToWindow(race);
-}
-
 // ---- Tabs -----------------------------------------------------------------------------------
 
 void RaceCardLogic::SSTab1_Click(int previousTab) {
     if (!ValidateWindow()) return;
     if (previousTab == kRaces) {
-        StoreRaceFromWindow(G.CurrentRace);
+        StoreRaceFromWindow(Window(), Copies(), G.CurrentRace);
     } else if (previousTab == kRacers) {
         WorkRace(G.CurrentRace).RaceName = txtRRRaceName.text;
         SetText(txtRaceName, txtRRRaceName.text);
     }
-    StoreDefaultsFromWindow();
+    StoreDefaultsFromWindow(Window(), Copies());
     const std::string name = WorkRace(G.CurrentRace).RaceName;
     SetText(txtRaceName, name);
     SetText(txtRRRaceName, name);
 }
 
 void RaceCardLogic::SSTab1_DblClick() {
-    if (ValidateWindow()) StoreDefaultsFromWindow();
+    if (ValidateWindow()) StoreDefaultsFromWindow(Window(), Copies());
 }
 
 int RaceCardLogic::HelpContext() const {
@@ -811,136 +312,20 @@ int RaceCardLogic::HelpContext() const {
 
 // ---- Validation -----------------------------------------------------------------------------
 
-bool RaceCardLogic::Fail(const std::string& text, bool exclamation, int tab,
-                         const std::string& focusName, bool selectIt) {
+bool RaceCardLogic::ValidateWindow() {
+    G.CancelFlag = false;
+    const std::optional<WindowFailure> failure = CheckWindow(Window());
+    if (!failure) return true;
     Beep();
-    MsgBox(text, Buttons::kOK, exclamation ? Icon::kExclamation : Icon::kNone);
-    SSTab1 = tab;
-    SetFocus(focusName);
-    if (selectIt) selectText = focusName;
+    MsgBox(failure->text, Buttons::kOK, failure->exclamation ? Icon::kExclamation : Icon::kNone);
+    SSTab1 = failure->tab;
+    SetFocus(failure->focus);
+    if (failure->selectText) selectText = failure->focus;
     G.CancelFlag = true;
     return false;
 }
 
-bool RaceCardLogic::ValidateWindow() {
-    G.CancelFlag = false;
-    const std::string minPayout = std::string("Minimum Payout must be at least as much") + kCrLf +
-                                  "as the Minimum Bet amount";
-    if (Val(txtMinBet.text) > Val(txtMinPayout.text))
-        return Fail(minPayout, true, kDefaults, "txtMinPayout", true);
-    if (Val(txtRMinBet.text) > Val(txtRMinPayout.text))
-        return Fail(minPayout, true, kRaces, "txtRMinPayout", true);
-    if (Val(txtRHoldbackAmt.text) < 0)
-        return Fail("Holdback Amount can't be less than 0 !", true, kRaces, "txtRHoldbackAmt",
-                    true);
-    const double pct = Val(txtRHoldbackPct.text);
-    if (pct < 0 || pct > 100)
-        return Fail("Holdback Percent can't be less than 0 or greater than 100!", true, kRaces,
-                    "txtRHoldbackPct", true);
-    const std::string multiple =
-        std::string("Quick Bet amounts must be a multiple") + kCrLf + "of the Bet Increment.";
-    const double incr = Val(txtBetIncr.text), rIncr = Val(txtRBetIncr.text);
-    const double minBet = Val(txtMinBet.text), rMinBet = Val(txtRMinBet.text);
-    for (int i = 1; i <= 5; ++i) {
-        const double quick = Val(txtQuickBet[i].text), rQuick = Val(txtRQuickBet[i].text);
-        // Rounded to four places, so that 0.30 over 0.10 counts as whole in binary floating point.
-        if (incr != 0 && !Whole(RoundPlaces(quick / incr, -4)))
-            return Fail(multiple, false, kDefaults, Indexed("txtQuickBet", i), false);
-        if (rIncr != 0 && !Whole(RoundPlaces(rQuick / rIncr, -4)))
-            return Fail(multiple, false, kRaces, Indexed("txtRQuickBet", i), false);
-        if (minBet > quick && quick != 0)
-            return Fail(std::string("Quick Bet amounts must be a greater") + kCrLf +
-                            "than the minimum bet.",
-                        false, kDefaults, Indexed("txtQuickBet", i), false);
-        if (rMinBet > rQuick && rQuick != 0)
-            return Fail(
-                std::string("Quick Bet amounts must be greater") + kCrLf + "than the minimum bet.",
-                false, kRaces, Indexed("txtRQuickBet", i), false);
-    }
-    if (IsChecked(chkPrintBets) && Val(txtMaxTransInPrinter.text) <= 0)
-        return Fail("Maximum transactions per page must be 1 or greater.", true, kGeneral,
-                    "txtMaxTransInPrinter", false);
-    return true;
-}
-
 // ---- OK, Cancel ----------------------------------------------------------------------------
-
-void RaceCardLogic::SaveWork() {
-    G.CancelFlag = false;
-    // The settings are read from their boxes before anything is written, so that a number too
-    // large for its field stops OK with the document as it was.
-    const bool backup = IsChecked(chkBackup);
-    const Int16 saveAfter = backup ? RoundToInt16(Val(txtSaveAfter.text)) : Int16(0);
-    const Int16 clearDays = RoundToInt16(Val(txtClearDays.text));
-    const Int16 reportFont = RoundToInt16(Val(txtReportFontSize.text));
-    const Int16 ticketFont = RoundToInt16(Val(txtTicketFontSize.text));
-    const Int16 maxTrans = RoundToInt16(std::floor(Val(txtMaxTransInPrinter.text)));
-    std::array<Currency, 6> quick{};
-    for (int q = 1; q <= 5; ++q) quick[static_cast<std::size_t>(q)] = MoneyOf(txtQuickBet[q]);
-
-    // Races deleted in this session lose their bets; tickets keep their totals.
-    for (int i = 1; i <= kMaxRace; ++i) {
-        if (RF.Race(i).RaceName.empty() || !WorkRace(i).RaceName.empty()) continue;
-        for (std::int64_t n = 1; n <= RF.MaxBets; ++n) ClearBet(i, n);
-    }
-    // Bets of a type no longer offered get their cost back as winnings.
-    for (int i = 1; i <= kMaxRace; ++i) {
-        std::array<bool, 11> off{};
-        bool any = false;
-        for (int t = 1; t <= kBetTypes; ++t) {
-            off[static_cast<std::size_t>(t)] = RF.Race(i).BetType(t) && !WorkRace(i).BetType(t);
-            any = any || off[static_cast<std::size_t>(t)];
-        }
-        if (!any) continue;
-        for (std::int64_t n = 1; n <= RF.MaxBets; ++n) {
-            BetRec& b = RF.Bet(i, n);
-            const int t = b.BetType;
-            if (t >= 1 && t <= kBetTypes && off[static_cast<std::size_t>(t)])
-                b.BetWinnings = b.BetCost;
-        }
-    }
-
-    RF.FileName = txtFileName.text;
-    RF.SaveAfter = saveAfter;
-    RF.RecoveryFile = txtRecoveryFile.text;
-    RF.ClearDays = clearDays;
-    RF.RecoveryFlag = IsChecked(chkRecoveryFlag);
-    RF.ClearRecovery = IsChecked(chkClearRecovery);
-    RF.RaceType = comRaceType.text;
-    RF.ReportFontSize = reportFont;
-    RF.TicketFontSize = ticketFont;
-    RF.MaxTransInPrinter = maxTrans;
-    RF.RacerSort = comRacerSortText;
-    RF.PrintBets = IsChecked(chkPrintBets);
-    RF.UseBetNbr = IsChecked(chkUseBetNbr);
-    RF.UseProgramNbr = IsChecked(chkUseProgramNbr);
-    RF.UsePostPosition = IsChecked(chkUsePostPosition);
-    RF.DefaultToDummy = IsChecked(chkDefaultToDummy);
-    RF.CollectZero = IsChecked(chkCollectZero);
-
-    for (int q = 1; q <= 5; ++q) RF.Race(0).QuickBet(q) = quick[static_cast<std::size_t>(q)];
-
-    const Currency cent = Currency::FromRaw(100);
-    for (int i = 0; i <= kMaxRace; ++i) {
-        const RaceRec& w = WorkRace(i);
-        RaceRec& r = RF.Race(i);
-        r.RaceName = w.RaceName;
-        r.MinBet = std::max(w.MinBet, cent);
-        r.MinPayout = std::max(w.MinPayout, cent);
-        r.BetIncr = std::max(w.BetIncr, cent);
-        r.HoldbackAmt = std::max(w.HoldbackAmt, Currency());
-        r.HoldbackPct = w.HoldbackPct < 0 ? 0.0f : w.HoldbackPct;
-        r.RoundTo = w.RoundTo;
-        for (int t = 1; t <= kBetTypes; ++t) r.BetType(t) = w.BetType(t);
-        bool allZero = true;
-        for (int q = 1; q <= 5; ++q) {
-            r.QuickBet(q) = w.QuickBet(q);
-            allZero = allZero && r.QuickBet(q).IsZero();
-        }
-        if (allZero) r.QuickBet(1) = r.MinBet;
-        for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) RF.Racer(i, n) = WorkRacer(i, n);
-    }
-}
 
 void RaceCardLogic::cmdOK_Click() {
     // A failure shows here and once more below: the window has always done so.
@@ -948,9 +333,9 @@ void RaceCardLogic::cmdOK_Click() {
     DrawFileId();
     G.CancelFlag = false;
     if (!ValidateWindow()) return;
-    StoreRaceFromWindow(G.CurrentRace);
-    StoreDefaultsFromWindow();
-    SaveWork();
+    StoreRaceFromWindow(Window(), Copies(), G.CurrentRace);
+    StoreDefaultsFromWindow(Window(), Copies());
+    SaveWork(Window(), Copies());
     G.FileChanged = true;
     FormChanged = false;
     if (RF.RecoveryFlag) TestRecoveryFile();
@@ -1033,134 +418,6 @@ void RaceCardLogic::chkUseProgramNbr_Click() {
                Buttons::kOK, Icon::kExclamation);
         SetValue(chkUseProgramNbr, 1);
     }
-    MoveRacerToWindow(G.CurrentRace);
-}
-
-// ---- Racers ---------------------------------------------------------------------------------
-
-void RaceCardLogic::GrowRacers() {
-    RF.Racer.ReDimPreserve(RF.MaxRacers + 1);
-    WorkRacer.ReDimPreserve(RF.MaxRacers + 1);
-}
-
-void RaceCardLogic::MoveRacerToWindow(int race) {
-    GridData& g = flxRacers;
-    g.Clear();
-    lblRRRace.text = lblRace.text;
-    SetText(txtRRRaceName, WorkRace(race).RaceName);
-    SelectByItemData(comRRRaceName, race);
-    if (comRRRaceName.HasSelection() && !loading_) comRRRaceName_Click();
-
-    g.SetCols(6);
-    g.SetFixedRows(1);
-    g.SetFixedCols(0);
-    g.SetRows(1);
-    const char* headers[6] = {"Bet#", "Pgm#", "PP", "Name", "Hcap Odds", ""};
-    const int widths[6] = {600,
-                           IsChecked(chkUseProgramNbr) ? 600 : 0,
-                           IsChecked(chkUsePostPosition) ? 600 : 0,
-                           2000,
-                           1000,
-                           0};
-    for (int c = 0; c < 6; ++c) {
-        g.SetTextMatrix(0, c, headers[c]);
-        g.SetColWidth(c, widths[c]);
-    }
-    int count = 0;
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n)
-        if (WorkRacer(race, n).BetNbr != 0) ++count;
-    g.SetRows(1 + count);
-    int row = 1;
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) {
-        const RacerRec& r = WorkRacer(race, n);
-        if (r.BetNbr == 0) continue;
-        std::string odds = "Scratched";
-        if (!r.Scratched) {
-            auto [num, den] = OddsToFraction(r.Odds);
-            odds = num + "-" + den;
-        }
-        g.SetTextMatrix(row, 0, NumText(r.BetNbr.Value()));
-        g.SetTextMatrix(row, 1, r.ProgramNbr);
-        g.SetTextMatrix(row, 2, r.PostPosition);
-        g.SetTextMatrix(row, 3, r.RacerName);
-        g.SetTextMatrix(row, 4, odds);
-        g.SetTextMatrix(row, 5, NumText(n));
-        ++row;
-    }
-    if (g.Rows() > 2) {
-        const std::string& sort = comRacerSortText;
-        if (sort == "Betting Number")
-            g.SortAscending(1, g.Rows() - 1, 0, 1);
-        else if (sort == "Name")
-            g.SortAscending(1, g.Rows() - 1, 3, 3);
-        else if (sort == "Program Number")
-            g.SortAscending(1, g.Rows() - 1, 1, 1);
-        else if (sort == "Post Position")
-            g.SortAscending(1, g.Rows() - 1, 2, 2);
-    }
-
-    const bool results = RaceFinished(race);
-    cmdNew.enabled = cmdClearRacers.enabled = txtRRRaceName.enabled = cmdCopyRacers.enabled =
-        !results;
-    lblRResultsMessage.visible = results;
-    if (SavedGridRow >= g.FixedRows() && SavedGridRow < g.Rows()) g.SetRow(SavedGridRow);
-}
-
-void RaceCardLogic::flxRacers_DblClick() {
-    if (RaceFinished(G.CurrentRace)) return;
-    const int row = flxRacers.Row();
-    G.CurrentRacer = RoundToInt16(Val(flxRacers.TextMatrix(row, 5)));
-    SavedGridRow = row;
-    Shell().ShowForm("frmEditRacer", true);
-    if (!G.CancelFlag) {
-        FormChanged = true;
-        MoveRacerToWindow(G.CurrentRace);
-    }
-}
-
-void RaceCardLogic::cmdNew_Click() {
-    if (txtRRRaceName.text.empty()) {
-        MsgBox(std::string(kRaceNotEstablished) + kCrLf + kEnterRaceName);
-        return;
-    }
-    G.CurrentRacer = 0;
-    Shell().ShowForm("frmEditRacer", true);
-    if (G.CancelFlag) return;
-    FormChanged = true;
-    MoveRacerToWindow(G.CurrentRace);
-    for (int r = flxRacers.FixedRows(); r < flxRacers.Rows(); ++r)
-        if (Val(flxRacers.TextMatrix(r, 5)) == G.CurrentRacer) {
-            flxRacers.SetRow(r);
-            break;
-        }
-}
-
-void RaceCardLogic::cmdClearRacers_Click() {
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n) FreeRacerSlot(WorkRacer(G.CurrentRace, n));
-    FormChanged = true;
-    MoveRacerToWindow(G.CurrentRace);
-}
-
-bool RaceCardLogic::CurrentRaceHasNamedRacer() const {
-    for (std::int64_t n = 1; n <= RF.MaxRacers; ++n)
-        if (!WorkRacer(G.CurrentRace, n).RacerName.empty()) return true;
-    return false;
-}
-
-void RaceCardLogic::cmdCopyRacers_Click() {
-    if (txtRRRaceName.text.empty()) {
-        MsgBox(std::string(kRaceNotEstablished) + kCrLf + kEnterRaceName);
-        return;
-    }
-    if (CurrentRaceHasNamedRacer()) {
-        MsgBox(std::string("Copying racers from another race can only ") + kCrLf +
-                   "be done for a race with no racers.",
-               Buttons::kOK, Icon::kExclamation);
-        return;
-    }
-    Shell().ShowForm("frmCopyRacers", true);
-    if (G.CancelFlag) return;
-    FormChanged = true;
     MoveRacerToWindow(G.CurrentRace);
 }
 

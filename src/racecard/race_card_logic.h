@@ -2,30 +2,29 @@
 // "Race Card Setup": the card's settings, its races and their racers. The window works on
 // private copies of the races and racers; only OK writes them back, so Cancel drops them.
 //
+// This class holds the window's events: race_card_logic.cpp those of the whole window and of
+// the General Setup, Race Defaults and Backup/Recov tabs, race_card_race_setup.cpp and
+// race_card_racer_setup.cpp those of the two tabs so named. The controls with their captions are
+// in race_card_controls.h; the checks, the stores into the copies and OK's write back into the
+// document are in race_card_rules.h.
+//
 // Where the window's own code assigns a control, the control's Change or Click event follows,
 // as the event handlers of the window rely on it (the option buttons store their rounding code
 // that way, the text boxes mark the window as changed).
 
 #include <array>
-#include <map>
 #include <string>
 
 #include "model/form_state.h"
-#include "model/grid_data.h"
-#include "model/list_data.h"
-#include "model/race_file.h"
+#include "racecard/race_card_controls.h"
+#include "racecard/race_card_rules.h"
 
 namespace tt {
 
 inline constexpr const char* kRecoveryFileFilter =
     "Tamberlin Tally Recovery Files (*.tlr)|*.tlr|All (*.*)|*.*";
 
-// The caption of a race: "1st Race:", "2nd Race:", "3rd Race:", " 4th Race:" ... " 20th Race:".
-std::string RaceOrdinalCaption(int race);
-// A racer slot as a freed slot holds it.
-void FreeRacerSlot(RacerRec& racer);
-
-class RaceCardLogic : public FormState {
+class RaceCardLogic : public FormState, public RaceCardControls, public WorkCopies {
   public:
     RaceCardLogic();
     ~RaceCardLogic();
@@ -34,11 +33,6 @@ class RaceCardLogic : public FormState {
 
     // The race card that is open, for the racer windows it opens; null when none is.
     static RaceCardLogic* Active();
-
-    // The tabs of SSTab1.
-    enum Tab { kGeneral = 0, kDefaults = 1, kRaces = 2, kRacers = 3, kBackup = 4 };
-    // The rounding codes in the order of the option buttons 001, 010, 25, 50, 1.
-    static constexpr std::array<int, 5> kRoundCodes = {-2, -1, 25, 50, 0};
 
     // ---- Events -------------------------------------------------------------------------
     void Form_Load();
@@ -94,14 +88,11 @@ class RaceCardLogic : public FormState {
     // The help topic of the open tab.
     int HelpContext() const;
 
-    // ---- Operations ---------------------------------------------------------------------
-    void CopyToWork();
+    // ---- Operations of the window -------------------------------------------------------
     void MoveRaceToWindow(int race);
-    void StoreRaceFromWindow(int race);
-    void StoreDefaultsFromWindow();
-    // Sets CancelFlag; returns whether the window passed.
+    // Runs the checks of the window: a failure is shown, sends the user to its box and sets
+    // CancelFlag. Returns whether the window passed.
     bool ValidateWindow();
-    void SaveWork();
     void GoToRace(int race);
     void BuildRaceLists();
     void ResetRaceToDefaults();
@@ -111,75 +102,14 @@ class RaceCardLogic : public FormState {
     void GrowRacers();
 
     // ---- State --------------------------------------------------------------------------
-    FixedArray<RaceRec, 0, 21> WorkRace;
-    RaceTable<RacerRec> WorkRacer;  // (race, slot), slot 0 never copied
     bool FormChanged = false;
     int SavedGridRow = 0;
-    int SSTab1 = kGeneral;
     // The text box whose text the form should select, "" for none; the form clears it.
     std::string selectText;
 
-    // ---- Controls -----------------------------------------------------------------------
-    // General Setup
-    ControlState txtFileName, comRaceType;
-    ListData comRaceTypeList;
-    ControlState chkPrintBets, lblPrint2, txtMaxTransInPrinter, lblPrint3, lblTicketFontSize,
-        txtTicketFontSize, txtReportFontSize;
-    ControlState chkUseBetNbr, chkUseProgramNbr, chkUsePostPosition;
-    ControlState chkCollectZero, chkDefaultToDummy;
-    ListData comRacerSort;
-    std::string comRacerSortText;  // the text of comRacerSort, also one not in its list
-    // Race Defaults
-    ControlState txtMinBet, txtMinPayout, txtBetIncr, txtHoldbackPct, txtHoldbackAmt;
-    std::array<ControlState, 11> chkBetType;  // 1 to 10
-    std::array<ControlState, 6> txtQuickBet;  // 1 to 5
-    std::array<ControlState, 5> optRoundTo;   // 001, 010, 25, 50, 1
-    // Race Setup
-    ControlState lblRace, txtRaceName, chkDefault, cmdPrev, cmdNext, cmdDelete, lblResultsMessage;
-    ListData comRaceName;
-    ControlState fraRace, txtRMinBet, txtRMinPayout, txtRBetIncr, txtRHoldbackPct, txtRHoldbackAmt;
-    std::array<ControlState, 11> chkRBetType;
-    std::array<ControlState, 6> txtRQuickBet;
-    std::array<ControlState, 5> optRRoundTo;
-    ControlState cmdReset;
-    // Racer Setup
-    ControlState lblRRRace, txtRRRaceName, chkRRDefault, cmdRRPrev, CmdRRNext;
-    ListData comRRRaceName;
-    GridData flxRacers;
-    ControlState cmdNew, cmdCopyRacers, cmdClearRacers, lblRResultsMessage;
-    // Backup/Recov
-    ControlState chkBackup, lblSaveAfter1, txtSaveAfter, lblSaveAfter2;
-    ControlState chkRecoveryFlag, lblRecoveryFile, txtRecoveryFile, cmdBrowse, chkClearRecovery,
-        lblClear1, txtClearDays, lblClear2;
-    ControlState cmdOK, cmdCancel, cmdHelp;
-
-    // A control by its name, such as "txtQuickBet(3)" or "optRRoundTo25".
-    ControlState& Ctl(const std::string& name);
-    bool HasControl(const std::string& name) const { return controls_.count(name) > 0; }
-    // The names of the text boxes, check boxes and option buttons, for the form.
-    std::vector<std::string> TextNames() const;
-    std::vector<std::string> CheckNames() const;
-    std::vector<std::string> OptionNames() const;
-
   private:
-    enum class Kind {
-        kMoney,
-        kMoneyNoFilter,
-        kNumber,
-        kFont,
-        kPlain,
-        kRaceName,
-        kRRRaceName,
-        kCheck,
-        kOption,
-        kOther
-    };
-    struct Entry {
-        ControlState* control;
-        Kind kind;
-    };
-    void Register(const std::string& name, ControlState& c, Kind kind);
-    const std::string& NameOf(const ControlState& c) const;
+    const RaceCardControls& Window() const { return *this; }
+    WorkCopies& Copies() { return *this; }
 
     // Assignments by the window's code, followed by the control's event unless loading.
     void SetText(ControlState& c, std::string text);
@@ -194,15 +124,10 @@ class RaceCardLogic : public FormState {
     void PrintingRule();
     void RefreshDefaultChecks();
     void SelectRaceInLists(int race);
-    void ApplyRaceProtection(int race);
     void Step(int delta);
-    bool Fail(const std::string& text, bool exclamation, int tab, const std::string& focusName,
-              bool selectIt);
     // The racers of the current race in the copy.
     bool CurrentRaceHasNamedRacer() const;
 
-    std::map<std::string, Entry> controls_;
-    std::map<const ControlState*, std::string> names_;
     bool loading_ = false;
 };
 

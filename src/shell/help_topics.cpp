@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "shell/help_ids.h"
+#include "model/help_ids.h"
 
 namespace tt {
 
@@ -34,6 +34,7 @@ const std::vector<HelpTopic>& HelpTopics() {
         {help::kBetDisplay, "bet_display.html", "Display Bet Pick's", "Taking bets"},
         {help::kCloseTransaction, "close_transaction.html", "Finish Transaction", "Taking bets"},
         {help::kDisplayOdds, "display_odds.html", "Display Odds", "Odds, results and payouts"},
+        {help::kOddsBoard, "odds_board.html", "The odds board", "Odds, results and payouts"},
         {help::kEditResults, "edit_results.html", "Edit Results", "Odds, results and payouts"},
         {help::kPayoutHandling, "payout_handling.html", "Payout Handling",
          "Odds, results and payouts"},

@@ -4,12 +4,13 @@
 
 #include "model/common.h"
 #include "model/ports.h"
+#include "model/qt_settings.h"
+#include "payouts/forms/frm_display_odds.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_initial_open.h"
 #include "shell/forms/frm_main.h"
 #include "shell/forms/frm_splash.h"
 #include "shell/forms/gui_support.h"
-#include "shell/qt_settings.h"
 #include "shell/startup.h"
 
 int main(int argc, char** argv) {
@@ -55,6 +56,8 @@ int main(int argc, char** argv) {
         main->MDIForm_Load();
         tt::PrepareDocument();
         main->show();
+        // --board: the odds board for the room, once a card with a race is open.
+        if (QApplication::arguments().contains("--board")) tt::gui::ShowOddsBoardWhenReady(*main);
         auto* chooser = new tt::gui::frmInitialOpen(main.get());
         chooser->show();
     } catch (const std::exception&) {

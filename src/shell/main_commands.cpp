@@ -2,9 +2,11 @@
 
 #include "files/file_commands.h"
 #include "model/common.h"
+#include "model/error_path.h"
 #include "model/ports.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
+#include "reports/list_bets_logic.h"
+#include "reports/print_logic.h"
 
 namespace tt {
 
@@ -46,6 +48,7 @@ void mnuEditResults_Click() {
 }
 
 void mnuViewListBets_Click() {
+    WinnersOnly = false;
     Shell().ShowForm("frmListBets", false);
 }
 
@@ -66,6 +69,15 @@ void mnuFilePrint_Click() {
     Shell().ShowForm("frmPrint", true);
 }
 
+void mnuFilePrintToFile_Click() {
+    // The Print window once more, its OK saving the report as a PDF file.
+    PrintToFile = true;
+    struct Reset {
+        ~Reset() { PrintToFile = false; }
+    } reset;
+    Shell().ShowForm("frmPrint", true);
+}
+
 void mnuFilePageSetup_Click() {
     try {
         Printer().SetupDialog();
@@ -74,26 +86,6 @@ void mnuFilePageSetup_Click() {
         if (err.Number() == kErrCancel) return;
         MsgBox(JoinParts({"Error in Page Setup.", err.Text()}));
     }
-}
-
-const std::vector<ToolbarButton>& ToolbarButtons() {
-    static const std::vector<ToolbarButton> kButtons = {
-        {"MRU", "Open Most Recent File"},
-        {"New", "New"},
-        {"Open", "Open"},
-        {"Save", "Save"},
-        {"Print", "Print"},
-        {"Cascade", "Cascade open windows"},
-        {"SetupRaceCard", "Setup Race Card"},
-        {"SetupBettors", "Setup Bettors"},
-        {"PlaceBets", "Betting Window"},
-        {"ListBets", "List Bets"},
-        {"DisplayOdds", "Display Odds"},
-        {"EditResults", "Record Race Results"},
-        {"DisplayPayouts", "Display Payouts"},
-        {"Help", "Help"},
-    };
-    return kButtons;
 }
 
 }  // namespace tt

@@ -2,9 +2,6 @@
 // The commands of the main window's Edit, View, Tools and Help menus: each opens a window or
 // calls a file command. The launch pad and the toolbar run the same functions.
 
-#include <string>
-#include <vector>
-
 namespace tt {
 
 void mnuEditSetupRaceCard_Click();
@@ -16,14 +13,8 @@ void mnuViewDisplayOdds_Click();
 void mnuViewDisplayPayouts_Click();
 void mnuToolsRestore_Click();
 void mnuFilePrint_Click();
+void mnuFilePrintToFile_Click();
 void mnuFilePageSetup_Click();
-
-// The toolbar's buttons by key, in order, with their tool tips.
-struct ToolbarButton {
-    const char* key;
-    const char* toolTip;
-};
-const std::vector<ToolbarButton>& ToolbarButtons();
 
 // Runs with the main window's general error path around it.
 void RunCommand(void (*command)());

@@ -5,12 +5,9 @@
 #include <string>
 #include <vector>
 
-namespace tt {
+#include "model/window_placement.h"
 
-// A window's placement in twips.
-struct Placement {
-    double left = 0, top = 0, width = 0, height = 0;
-};
+namespace tt {
 
 // Steps of the entry procedure after the main window is loaded: the dirty flag, the tables,
 // the bet type names and the "Not Available" racers.

@@ -261,14 +261,13 @@ std::string SettledByTheWindow(const std::string& bytes, int race, std::vector<s
     G.FilePath = "/cards/card.tly";
     OpenRaceFile();
     EXPECT_TRUE(world.messages.shown.empty());
-    world.shell.onShow["frmPayoutHandling"] = [&] {
-        PayoutHandlingLogic dialog;
-        dialog.Form_Load();
-        if (!handling.empty()) dialog.Choose(handling);
-        dialog.cmdOK_Click();
-    };
     G.CurrentRace = static_cast<std::int16_t>(race);
     EditResultsLogic form;
+    std::optional<PoolHandling> choice;
+    if (handling == "Most") choice = PoolHandling::kMost;
+    if (handling == "Payback") choice = PoolHandling::kPayback;
+    if (handling == "NoPay") choice = PoolHandling::kNoPay;
+    form.handling = DialogHandling(choice);
     form.Form_Load();
     for (int k = 1; k <= 5; ++k) {
         ListData& list = form.comRacerName[static_cast<std::size_t>(k)].list;

@@ -16,6 +16,7 @@ class EditResults : public PayoutCard {
         RF.Racer(1, 5).Scratched = true;
         Race(2, {1}, {1, 2});
         G.CurrentRace = 0;
+        form.handling = policy;
         form.Form_Load();
     }
     // The user chooses a racer slot in the list of a position.
@@ -47,6 +48,7 @@ TEST_F(EditResults, ListsFollowTheRacerSortAndLeaveOutScratchedRacers) {
     RF.Race(1).Result(1) = 5, RF.Race(1).Result(2) = 3;
     RF.RacerSort = "Name";
     EditResultsLogic byName;
+    byName.handling = policy;
     byName.Form_Load();
     EXPECT_EQ(byName.comRacerName[1].list.ListIndex(), -1);  // the scratched winner is not listed
     EXPECT_EQ(byName.comRacerName[2].list.Text(), "Racer1-3 (2)");
@@ -65,6 +67,7 @@ TEST_F(EditResults, OkWithoutAChangeRecalculatesNothing) {
     EXPECT_FALSE(bool(G.FileChanged));
     EXPECT_FALSE(bool(G.CancelFlag));
     EditResultsLogic again;
+    again.handling = policy;
     again.Form_Load();
     again.comRacerName_Click(1);  // touched and put back
     again.cmdOK_Click();
@@ -160,6 +163,7 @@ TEST_F(EditResults, EmptyWinnerQuestionAndClearedResult) {
     // Win only: the first finisher is enough.
     G.CurrentRace = 2;
     EditResultsLogic win;
+    win.handling = policy;
     win.Form_Load();
     win.comRacerName[1].list.SetListIndex(1);
     win.comRacerName_Click(1);

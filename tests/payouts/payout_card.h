@@ -20,22 +20,35 @@ namespace tt::test {
 class PayoutCard : public ::testing::Test {
   protected:
     void SetUp() override {
-        ResetPayoutHandling();
         ClearRaceFile();  // races with the settings of a new card
         RF.RaceType = "Horse";
-        world.shell.onShow["frmPayoutHandling"] = [this] {
-            PayoutHandlingLogic dlg;
-            dlg.Form_Load();
-            asked.push_back(dlg.lblBetType.text + (dlg.optMost.enabled ? " most " : " ") +
-                            dlg.Selected());
-            if (!answers.empty()) {
-                dlg.Choose(answers.front());
-                answers.pop_front();
-            }
-            dlg.cmdOK_Click();
-        };
     }
-    void TearDown() override { ResetPayoutHandling(); }
+
+    static std::string HandlingText(PoolHandling h) {
+        return h == PoolHandling::kMost      ? "Most"
+               : h == PoolHandling::kPayback ? "Payback"
+                                             : "NoPay";
+    }
+    static PoolHandling HandlingOf(const std::string& text) {
+        return text == "Most"      ? PoolHandling::kMost
+               : text == "Payback" ? PoolHandling::kPayback
+                                   : PoolHandling::kNoPay;
+    }
+
+    // The Payout Handling dialog answered by script: what it asked is kept as "Win Bets
+    // Payback" (type, whether Most is offered, its preselection), and the next answer chosen.
+    HandlingPolicy policy = [this](const HandlingQuestion& question) {
+        PayoutHandlingLogic dlg(question);
+        dlg.Form_Load();
+        asked.push_back(dlg.lblBetType.text + (dlg.optMost.enabled ? " most " : " ") +
+                        HandlingText(dlg.Selected()));
+        if (!answers.empty()) {
+            dlg.Choose(HandlingOf(answers.front()));
+            answers.pop_front();
+        }
+        dlg.cmdOK_Click();
+        return dlg.answer;
+    };
 
     // Names the race, offers exactly the bet types given, and gives it racers with these bet
     // numbers in slots 1, 2, ...
@@ -97,8 +110,7 @@ class PayoutCard : public ::testing::Test {
         int k = 0;
         for (int k2 = 1; k2 <= 5; ++k2) RF.Race(race).Result(k2) = 0;
         for (int s : slots) RF.Race(race).Result(++k) = s;
-        G.CurrentRace = race;
-        CalcPayouts();
+        SettleRace(race, policy);
     }
     double Ratio(int race, int type, int pos = 1) { return RF.Payout(race, type, pos).PayRatio; }
 

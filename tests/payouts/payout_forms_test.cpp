@@ -7,6 +7,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -71,7 +72,7 @@ TEST_F(PayoutForms, DisplayFollowsACalculationKeepsItsPlaceAndStopsAtIntervalZer
     Child<QRadioButton>(*window, "optAutoOn")->click();
     window->logic.txtInterval.text = "0";
     timer->setInterval(1);
-    QTRY_VERIFY(!timer->isActive());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !timer->isActive(); }));
     EXPECT_EQ(race->currentData().toLongLong(), 2);
 
     window->resize(700, 500);
@@ -92,28 +93,31 @@ TEST_F(PayoutForms, DisplayFollowsACalculationKeepsItsPlaceAndStopsAtIntervalZer
 }
 
 TEST_F(PayoutForms, PayoutHandlingAnswersOnlyByOk) {
-    ChosenHandling = "Most";
-    HandlingBetType = 1;
-    gui::frmPayoutHandling closed;
+    const HandlingQuestion win{2, BetType::kWin, 0};
+    gui::frmPayoutHandling closed(win);
     closed.show();
+    EXPECT_EQ(Child<QLabel>(closed, "lblBetType")->text(), "Win Bets");
     EXPECT_FALSE(Child<QRadioButton>(closed, "optMost")->isEnabled());
     EXPECT_TRUE(Child<QRadioButton>(closed, "optPayback")->isChecked());
     QTest::keyClick(&closed, Qt::Key_Escape);
     EXPECT_TRUE(closed.isVisible());
     closed.close();
-    EXPECT_EQ(ChosenHandling, "Most");
+    EXPECT_FALSE(closed.logic.answer.has_value());
+    EXPECT_EQ(G.CurrentRace, 2);
 
-    gui::frmPayoutHandling answered;
+    gui::frmPayoutHandling answered({1, BetType::kExacta, 1});
     answered.show();
+    EXPECT_TRUE(Child<QRadioButton>(answered, "optMost")->isChecked());
     Child<QRadioButton>(answered, "optNoPay")->click();
     Child<QPushButton>(answered, "cmdOK")->click();
-    EXPECT_EQ(ChosenHandling, "NoPay");
+    EXPECT_EQ(answered.logic.answer, PoolHandling::kNoPay);
     EXPECT_FALSE(answered.isVisible());
 }
 
 TEST_F(PayoutForms, EditResultsPaintsTwiceChosenRacersAndHidesBeforeTheCalculation) {
     G.CurrentRace = 2;
     gui::frmEditResults form;
+    form.logic.handling = policy;
     form.show();
     auto choose = [&](int k, std::int64_t slot) {
         auto* box = Child<QComboBox>(form, ("comRacerName" + std::to_string(k)).c_str());

@@ -16,7 +16,8 @@
 #include "model/race_file.h"
 #include "payouts/edit_results_logic.h"
 #include "payouts/payout_handling_logic.h"
-#include "payouts/settlement.h"
+#include "payouts/record_result.h"
+#include "payouts/settle_race.h"
 #include "support/fakes.h"
 
 namespace tt::test {
@@ -68,26 +69,22 @@ std::array<std::int64_t, 6> Finish(int race, std::uint64_t seed) {
 class SettleGolden : public ::testing::TestWithParam<std::tuple<std::uint64_t, const char*>> {
   protected:
     void SetUp() override {
-        ResetPayoutHandling();
         handling = std::get<1>(GetParam());
-        world.shell.onShow["frmPayoutHandling"] = [this] {
-            PayoutHandlingLogic dialog;
-            dialog.Form_Load();
-            dialog.Choose(handling);  // where the dialog allows it; else its own choice stands
-            dialog.cmdOK_Click();
-        };
+        const PoolHandling h = handling == std::string("Most")      ? PoolHandling::kMost
+                               : handling == std::string("Payback") ? PoolHandling::kPayback
+                                                                    : PoolHandling::kNoPay;
+        // Where the dialog allows the answer; else its own choice stands.
+        policy = DialogHandling(h);
     }
-    void TearDown() override { ResetPayoutHandling(); }
 
     // Every race given its finish and settled through the engine.
     std::string ByEngine(std::uint64_t seed) {
         MakeCard(seed);
         for (int race = 1; race <= kRaces; ++race) {
-            const auto slots = Finish(race, seed);
-            for (int k = 1; k <= 5; ++k)
-                RF.Race(race).Result(k) = slots[static_cast<std::size_t>(k)];
-            G.CurrentRace = race;
-            CalcPayouts();
+            const auto finish = Finish(race, seed);
+            EXPECT_EQ(RecordResult(race, finish, [](ResultQuestion) { return true; }).status,
+                      ResultStatus::kStored);
+            SettleRace(race, policy);
         }
         return BuildRaceFileText(kSaved);
     }
@@ -99,6 +96,7 @@ class SettleGolden : public ::testing::TestWithParam<std::tuple<std::uint64_t, c
             const auto slots = Finish(race, seed);
             G.CurrentRace = race;
             EditResultsLogic window;
+            window.handling = policy;
             window.Form_Load();
             for (int k = 1; k <= 5; ++k) {
                 ListData& list = window.comRacerName[static_cast<std::size_t>(k)].list;
@@ -120,6 +118,7 @@ class SettleGolden : public ::testing::TestWithParam<std::tuple<std::uint64_t, c
 
     FakeWorld world;
     std::string handling;
+    HandlingPolicy policy;
 };
 
 TEST_P(SettleGolden, WindowAndEngineGiveTheKeptFile) {

@@ -21,7 +21,9 @@
 #include <optional>
 
 #include "files/file_commands.h"
+#include "model/help_ids.h"
 #include "model/race_file.h"
+#include "reports/print_logic.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_about.h"
 #include "shell/forms/frm_logo.h"
@@ -31,7 +33,6 @@
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
 #include "shell/forms/help_viewer.h"
-#include "shell/help_ids.h"
 #include "shell/help_topics.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"
@@ -79,6 +80,7 @@ const std::vector<std::string> kFileOpen = {"tbSave",
                                             "mnuFileClose",
                                             "mnuFilePageSetup",
                                             "mnuFilePrint",
+                                            "mnuFilePrintToFile",
                                             "mnuFileSave",
                                             "mnuFileSaveAs",
                                             "mnuWindowCascade",
@@ -92,8 +94,8 @@ const std::vector<std::string> kRace = {
     "tbPlaceBets",           "tbListBets",       "tbDisplayOdds",   "tbDisplayPayouts",
     "tbEditResults",         "mnuEditPlaceBets", "mnuViewListBets", "mnuViewDisplayOdds",
     "mnuViewDisplayPayouts", "mnuEditResults"};
-const std::vector<std::string> kHidden = {"mnuFilePrintToFile", "mnuToolsRaceCardFile",
-                                          "mnuToolsImportRaces", "mnuToolsResetMax"};
+const std::vector<std::string> kHidden = {"mnuToolsRaceCardFile", "mnuToolsImportRaces",
+                                          "mnuToolsResetMax"};
 
 class MainWindow : public ::testing::Test {
   protected:
@@ -133,15 +135,28 @@ class MainWindow : public ::testing::Test {
         G.LastFile = path;
         InitialOpen();
     }
-    // The names among these whose actions are enabled (or visible).
+    // The names among these whose actions are enabled (or visible); "tb" and a key name the
+    // toolbar button itself.
     std::vector<std::string> Enabled(const std::vector<std::string>& names, bool visible = false) {
         std::vector<std::string> on;
         for (const auto& n : names) {
+            if (n.rfind("tb", 0) == 0) {
+                QToolButton* b = main->ToolButton(n.substr(2));
+                EXPECT_NE(b, nullptr) << n;
+                if (b && (visible ? b->isVisible() : b->isEnabled())) on.push_back(n);
+                continue;
+            }
             QAction* a = main->Action(n);
             EXPECT_NE(a, nullptr) << n;
             if (a && (visible ? a->isVisible() : a->isEnabled())) on.push_back(n);
         }
         return on;
+    }
+    // A click of the mouse on the toolbar button with this key.
+    void Click(const std::string& key) {
+        QToolButton* b = main->ToolButton(key);
+        ASSERT_NE(b, nullptr) << key;
+        QTest::mouseClick(b, Qt::LeftButton);
     }
     int LogoButtonsOn() {
         frmLogo* logo = main->Logo();
@@ -205,7 +220,7 @@ TEST_F(MainWindow, CommandsFollowTheThreeStatesAndHiddenEntriesNeverShow) {
 
 TEST_F(MainWindow, ToolbarKeysRunTheirCommandsAndDisabledOnesDoNothing) {
     main->tbToolBar_ButtonClick("Save");
-    main->Action("tbSave")->trigger();
+    Click("Save");
     main->tbToolBar_ButtonClick("DisplayOdds");
     EXPECT_TRUE(w.files.log.empty());
     EXPECT_TRUE(w.dialogs.requests.empty());
@@ -228,9 +243,81 @@ TEST_F(MainWindow, ToolbarKeysRunTheirCommandsAndDisabledOnesDoNothing) {
               (std::vector<std::string>{"File already open.\n\r\nDo you wish to re-open?"}));
 
     main->Action("mnuFileClose")->trigger();
-    EXPECT_FALSE(main->Action("tbDisplayOdds")->isEnabled());
-    main->Action("tbDisplayOdds")->trigger();
+    EXPECT_FALSE(main->ToolButton("DisplayOdds")->isEnabled());
+    Click("DisplayOdds");
     EXPECT_FALSE(main->IsFormLoaded("frmDisplayOdds"));
+}
+
+TEST_F(MainWindow, ToolbarShowsItsButtonsInOrderWithTipsAndSeparators) {
+    std::vector<std::string> items;
+    for (QAction* a : main->ToolBar()->actions()) {
+        QWidget* widget = main->ToolBar()->widgetForAction(a);
+        ASSERT_NE(widget, nullptr);
+        EXPECT_TRUE(widget->isVisible());
+        if (a->isSeparator()) {
+            items.push_back("|");
+            continue;
+        }
+        auto* b = qobject_cast<QToolButton*>(widget);
+        ASSERT_NE(b, nullptr);
+        EXPECT_FALSE(b->icon().isNull()) << S(b->objectName());
+        EXPECT_EQ(b, main->ToolButton(S(b->objectName()).substr(2)));
+        items.push_back(S(b->objectName()) + " " + S(b->toolTip()));
+    }
+    EXPECT_EQ(items, (std::vector<std::string>{
+                         "tbMRU Open Most Recent File", "tbNew New", "tbOpen Open", "|",
+                         "tbSave Save", "tbPrint Print", "|", "tbCascade Cascade open windows",
+                         "tbSetupRaceCard Setup Race Card", "tbSetupBettors Setup Bettors", "|",
+                         "tbPlaceBets Betting Window", "tbListBets List Bets",
+                         "tbDisplayOdds Display Odds", "tbEditResults Record Race Results",
+                         "tbDisplayPayouts Display Payouts", "|", "tbHelp Help"}));
+    // With no recent file the menu entry is hidden, the button is not; the menus show no
+    // pictures.
+    EXPECT_FALSE(main->Action("mnuFileMRU(0)")->isVisible());
+    EXPECT_EQ(main->ToolButton("Print")->defaultAction(), main->Action("mnuFilePrint"));
+    for (const char* entry : {"mnuFileNew", "mnuFileSave", "mnuEditResults", "mnuHelpWindow"})
+        EXPECT_TRUE(main->Action(entry)->icon().isNull()) << entry;
+    EXPECT_EQ(main->ToolButton("Other"), nullptr);
+}
+
+TEST_F(MainWindow, AToolbarClickRefreshesTheTitleFirstAndTheMenuEntryDoesNot) {
+    Open("/c/derby.tly");
+    main->setWindowTitle("stale");
+    main->Action("mnuViewDisplayOdds")->trigger();
+    EXPECT_TRUE(main->IsFormLoaded("frmDisplayOdds"));
+    EXPECT_EQ(S(main->windowTitle()), "stale");
+    main->UnloadForm("frmDisplayOdds");
+
+    Click("DisplayOdds");
+    EXPECT_TRUE(main->IsFormLoaded("frmDisplayOdds"));
+    EXPECT_EQ(S(main->windowTitle()), "Tamberlin Tally - Derby Day   (File ID = 77)");
+
+    // "Help" is Window Help: the topic of the active child.
+    main->ShowForm("frmListBets", false);
+    Click("Help");
+    EXPECT_EQ(CurrentHelpViewer()->CurrentFile(), "list_bets.html");
+    EXPECT_TRUE(w.messages.shown.empty());
+}
+
+TEST_F(MainWindow, TheActiveChildIsNamedAndPrintToFileOpensPrintToSave) {
+    Open("/c/derby.tly");
+    main->ShowForm("frmListBets", false);
+    EXPECT_EQ(main->ActiveChild(), "frmListBets");
+    main->ShowForm("frmDisplayOdds", false);
+    EXPECT_EQ(main->ActiveChild(), "frmDisplayOdds");
+
+    bool toFile = false;
+    RegisterForm("frmPrint", [&toFile](QWidget* p) {
+        toFile = PrintToFile;
+        return new StandIn(p, help::kPrint);
+    });
+    QAction* printToFile = main->Action("mnuFilePrintToFile");
+    EXPECT_TRUE(printToFile->isVisible());
+    EXPECT_EQ(S(printToFile->text()), "Print to &File");
+    printToFile->trigger();
+    EXPECT_TRUE(toFile);
+    EXPECT_FALSE(PrintToFile);
+    EXPECT_TRUE(main->IsFormLoaded("frmPrint"));
 }
 
 TEST_F(MainWindow, BarTogglesWorkInEveryStateAndKeepTheirCheckMarks) {
@@ -332,6 +419,7 @@ TEST_F(MainWindow, HelpShowsTheTopicOfTheWindowAskingOrTheOverview) {
                        help::kPayoutHandling,
                        help::kDisplayPayouts,
                        help::kDisplayOdds,
+                       help::kOddsBoard,
                        help::kListBets,
                        help::kPrint,
                        help::kSelectRaceAndBetType,

@@ -2,7 +2,6 @@
 
 #include "files/file_commands.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 #include "shell/startup.h"
 #include "support/fakes.h"
 
@@ -156,16 +155,6 @@ TEST(Shutdown, NoDiscardsTheChanges) {
     EXPECT_TRUE(MainUnload(true, {}));
     EXPECT_EQ(RF.FileName, "");
     EXPECT_EQ(w.shell.title, "Tamberlin Tally - No file open");
-}
-
-TEST(ErrorPath, UnexpectedErrorNamesNumberTextAndSource) {
-    FakeWorld w;
-    ShowUnexpectedError(AppError(kErrSubscript));
-    EXPECT_EQ(w.messages.beeps, 3);
-    EXPECT_EQ(w.messages.Texts(),
-              (std::vector<std::string>{
-                  "The system has detected an unexpected error.\r\nError # 9:  Subscript out "
-                  "of range, Source:  TamberlinTally"}));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "betting/betting_state.h"
 #include "files/race_file_io.h"
 #include "model/app_error.h"
 #include "model/race_file.h"

@@ -120,7 +120,8 @@ class MemoryFiles : public FileSystemPort {
 
 class RecordingPrinter : public PrinterPort {
   public:
-    std::vector<std::string> lines;  // "<new page>" and "<end doc>" mark the breaks
+    std::vector<std::string> lines;      // "<new page>" and "<end doc>" mark the breaks
+    std::vector<std::size_t> boldLines;  // indexes into lines of those printed bold
     std::string font;
     int fontSize = 0;
     bool bold = false;
@@ -138,10 +139,32 @@ class RecordingPrinter : public PrinterPort {
     void SetCopies(int c) override { copies = c; }
     double TextHeight(const std::string&) override { return textHeight; }
     double PageHeight() override { return pageHeight; }
-    void PrintLine(const std::string& text) override { lines.push_back(text); }
+    void PrintLine(const std::string& text) override {
+        if (bold) boldLines.push_back(lines.size());
+        lines.push_back(text);
+    }
     void NewPage() override { lines.push_back("<new page>"); }
     void EndDoc() override { lines.push_back("<end doc>"); }
     bool SetupDialog() override { return setupAnswer; }
+    // A preview or a PDF file records its pages here between "<preview>" or "<pdf PATH>" and
+    // "<end>"; a preview runs the report as often as previewRuns says.
+    int previewRuns = 1;
+    bool pdfAnswer = true;
+    bool Preview(const Report& report) override {
+        for (int i = 0; i < previewRuns; ++i) {
+            lines.push_back("<preview>");
+            report(*this);
+            lines.push_back("<end>");
+        }
+        return true;
+    }
+    bool SaveAsPdf(const std::string& path, const Report& report) override {
+        if (!pdfAnswer) return false;
+        lines.push_back("<pdf " + path + ">");
+        report(*this);
+        lines.push_back("<end>");
+        return true;
+    }
 };
 
 class RecordingShell : public ShellPort {
@@ -153,6 +176,7 @@ class RecordingShell : public ShellPort {
     bool busy = false;
     bool childRefuses = false;
     std::string statusText = "Status";
+    std::string activeChild;
     std::vector<std::string> formsShown;  // "frmRaceCard (modal)", "frmListBets"
     std::vector<std::string> formsUnloaded;
     std::vector<std::string> loadedForms;
@@ -171,6 +195,7 @@ class RecordingShell : public ShellPort {
     void UnloadForm(const std::string& name) override;
     bool IsFormLoaded(const std::string& name) override;
     std::string StatusText() override { return statusText; }
+    std::string ActiveChild() override { return activeChild; }
     void UnloadDisplays(bool) override { ++unloads; }
 };
 

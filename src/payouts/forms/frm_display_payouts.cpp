@@ -18,8 +18,8 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 
@@ -36,7 +36,10 @@ QTableView* Grid(QWidget* parent, const char* name, GridModel*& model) {
 }
 }  // namespace
 
-frmDisplayPayouts::frmDisplayPayouts(QWidget* parent) : QWidget(parent) {
+frmDisplayPayouts::frmDisplayPayouts(QWidget* parent)
+    : QWidget(parent),
+      placement_(this, DisplayPayoutsLogic::kPlacementKeys, true),
+      settled_([this](int race) { settledRace_ = race; }) {
     setObjectName("frmDisplayPayouts");
     setWindowTitle(Q(logic.caption));
     setProperty("HelpContextID", help::kDisplayPayouts);
@@ -173,8 +176,13 @@ frmDisplayPayouts::frmDisplayPayouts(QWidget* parent) : QWidget(parent) {
     });
     Timer1->start();
 
-    calculatedSeen_ = DisplayPayoutsLogic::CalculatedDisplays();
     Run([this] { logic.Form_Load(); });
+}
+
+frmDisplayPayouts::~frmDisplayPayouts() {
+    // The grids go with the logic, before the views that show them.
+    wpsModel_->SetGrid(nullptr);
+    payoutsModel_->SetGrid(nullptr);
 }
 
 void frmDisplayPayouts::Run(const std::function<void()>& event) {
@@ -224,11 +232,11 @@ void frmDisplayPayouts::Refresh() {
 }
 
 void frmDisplayPayouts::RefreshContents() {
-    if (DisplayPayoutsLogic::CalculatedDisplays() != calculatedSeen_) {
-        // What the calculation displayed is what this window shows, as if newly opened on it.
-        const int race = DisplayPayoutsLogic::LastCalculatedRace();
-        Run([&] { logic.ShowCalculatedRace(race); });
-        calculatedSeen_ = DisplayPayoutsLogic::CalculatedDisplays();
+    if (settledRace_) {
+        // A race settled since is shown as if the window were newly opened on it.
+        const int race = *settledRace_;
+        settledRace_.reset();
+        Run([&] { logic.ShowSettledRace(race); });
         return;
     }
     Refresh();
@@ -237,7 +245,7 @@ void frmDisplayPayouts::RefreshContents() {
 void frmDisplayPayouts::EditResults() {
     // The window is gone before Edit Results opens, so that saving there opens a newly loaded
     // payout display, and cancelling leaves none.
-    SavePlacement();
+    placement_.Save();
     Timer1->stop();
     if (auto* sub = qobject_cast<QMdiSubWindow*>(parentWidget())) {
         sub->setWidget(nullptr);
@@ -256,37 +264,13 @@ void frmDisplayPayouts::Unload() {
         close();
 }
 
-void frmDisplayPayouts::SavePlacement() {
-    if (placementSaved_ || !placed_) return;
-    placementSaved_ = true;
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    if (frame->isMinimized() || frame->isMaximized()) return;
-    const QRect g = frame->geometry();
-    Guard(this, false, [&] {
-        DisplayPayoutsLogic::SavePlacement(
-            {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())});
-    });
-}
-
 void frmDisplayPayouts::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    if (placed_) return;
-    placed_ = true;
-    QWidget* frame = qobject_cast<QMdiSubWindow*>(parentWidget());
-    if (!frame) frame = this;
-    DisplayPayoutsLogic::Placement p;
-    Guard(this, false, [&] { p = DisplayPayoutsLogic::RestorePlacement(); });
-    if (p.width > 0 && p.height > 0)
-        frame->resize(std::max(Twips(p.width), frame->minimumSizeHint().width()),
-                      std::max(Twips(p.height), frame->minimumSizeHint().height()));
-    else
-        frame->resize(frame->sizeHint());
-    frame->move(Twips(p.left), Twips(p.top));
+    placement_.Restore();
 }
 
 void frmDisplayPayouts::closeEvent(QCloseEvent* event) {
-    SavePlacement();
+    placement_.Save();
     Timer1->stop();
     event->accept();
 }

@@ -6,8 +6,11 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "payouts/display_payouts_logic.h"
+#include "payouts/settle_race.h"
+#include "shell/forms/gui_support.h"
 
 class QCheckBox;
 class QComboBox;
@@ -27,13 +30,14 @@ class frmDisplayPayouts : public QWidget {
 
   public:
     explicit frmDisplayPayouts(QWidget* parent = nullptr);
+    ~frmDisplayPayouts() override;
 
     DisplayPayoutsLogic logic;
     void Refresh();
 
   public slots:
-    // The main window brings an open payout display to the front: it shows the race that a
-    // payout calculation displayed since, or else stays as it is.
+    // The main window brings an open payout display to the front: it shows the race settled
+    // since, or else stays as it is.
     void RefreshContents();
 
   protected:
@@ -45,7 +49,6 @@ class frmDisplayPayouts : public QWidget {
     void Run(const std::function<void()>& event);
     // Record Results: this window unloads before Edit Results opens.
     void EditResults();
-    void SavePlacement();
     // Closes the window, in the document area or on its own.
     void Unload();
 
@@ -67,11 +70,12 @@ class frmDisplayPayouts : public QWidget {
     QLineEdit* txtInterval;
     QTimer* Timer1;
 
-    std::uint64_t calculatedSeen_ = 0;
+    KeptPlacement placement_;
+    // A race settled since the window last showed one: shown when it comes to the front.
+    SettledSubscription settled_;
+    std::optional<int> settledRace_;
     bool refreshing_ = false;
     bool ticking_ = false;
-    bool placed_ = false;
-    bool placementSaved_ = false;
 };
 
 }  // namespace tt::gui

@@ -8,9 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
+#include "payouts/forms/frm_payout_handling.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 
@@ -94,6 +95,8 @@ frmEditResults::frmEditResults(QWidget* parent) : QDialog(parent) {
     });
 
     logic.onHide = [this] { hide(); };
+    // The question outlives this window, which is hidden by then: the main window owns it.
+    logic.handling = AskPayoutHandling(parentWidget());
     Run([this] { logic.Form_Load(); });
 }
 

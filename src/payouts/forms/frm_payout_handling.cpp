@@ -8,13 +8,22 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 
-frmPayoutHandling::frmPayoutHandling(QWidget* parent) : QDialog(parent) {
+HandlingPolicy AskPayoutHandling(QWidget* owner) {
+    return [owner](const HandlingQuestion& question) {
+        frmPayoutHandling dialog(question, owner);
+        dialog.exec();
+        return dialog.logic.answer;
+    };
+}
+
+frmPayoutHandling::frmPayoutHandling(const HandlingQuestion& question, QWidget* parent)
+    : QDialog(parent), logic(question) {
     setObjectName("frmPayoutHandling");
     setWindowTitle(Q(logic.caption));
     setProperty("HelpContextID", help::kPayoutHandling);

@@ -1,6 +1,7 @@
 #pragma once
-// "Payout Handling" over PayoutHandlingLogic: asked during the payout calculation for a pool
-// without winners. It has no cancel: closing it by its frame leaves ChosenHandling as it was.
+// "Payout Handling" over PayoutHandlingLogic: asked during a race's settlement for a pool
+// without winners. It has no cancel: closing it by its frame gives no answer, and the handling
+// in force stands.
 
 #include <QDialog>
 #include <functional>
@@ -14,11 +15,14 @@ class QRadioButton;
 
 namespace tt::gui {
 
+// The settlement's question put in this window, owned by the given one.
+HandlingPolicy AskPayoutHandling(QWidget* owner);
+
 class frmPayoutHandling : public QDialog {
     Q_OBJECT
 
   public:
-    explicit frmPayoutHandling(QWidget* parent = nullptr);
+    explicit frmPayoutHandling(const HandlingQuestion& question, QWidget* parent = nullptr);
 
     PayoutHandlingLogic logic;
     void Refresh();

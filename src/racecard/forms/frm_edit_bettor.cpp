@@ -8,10 +8,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "model/race_file.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 #include "shell/startup.h"
 
 namespace tt::gui {

@@ -19,18 +19,15 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "model/bet_type.h"
+#include "model/help_ids.h"
 #include "model/ports.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 
 namespace {
-
-std::string Indexed(const std::string& name, int i) {
-    return name + "(" + std::to_string(i) + ")";
-}
 
 // The character code of a key press as the key filters see it; 0 for keys without text.
 int KeyCode(const QKeyEvent* e) {
@@ -39,8 +36,6 @@ int KeyCode(const QKeyEvent* e) {
     const char16_t c = t.at(0).unicode();
     return c == 0 ? 0 : static_cast<int>(c);
 }
-
-const char* const kRoundSuffix[5] = {"001", "010", "25", "50", "1"};
 
 }  // namespace
 
@@ -84,6 +79,11 @@ frmRaceCard::frmRaceCard(QWidget* parent) : QDialog(parent) {
     });
     connect(SSTab1->tabBar(), &QTabBar::tabBarDoubleClicked, this,
             [this](int) { Run([&] { logic.SSTab1_DblClick(); }); });
+}
+
+frmRaceCard::~frmRaceCard() {
+    // The grids go with the logic, before the views that show them.
+    if (racersModel_) racersModel_->SetGrid(nullptr);
 }
 
 void frmRaceCard::showEvent(QShowEvent* event) {
@@ -238,18 +238,19 @@ QWidget* frmRaceCard::BuildSettings(const std::string& prefix, QWidget* parent) 
 
     auto* types = new QGroupBox("Bet Types Allowed", box);
     auto* t = new QGridLayout(types);
-    for (int i = 1; i <= 10; ++i)
-        t->addWidget(Check(Indexed("chk" + prefix + "BetType", i)), (i - 1) % 5, (i - 1) / 5);
+    for (int i = 1; i <= kBetTypes; ++i)
+        t->addWidget(Check(IndexedName("chk" + prefix + "BetType", i)), (i - 1) % 5, (i - 1) / 5);
     g->addWidget(types, 3, 0, 1, 2);
 
     auto* right = new QVBoxLayout;
     auto* quick = new QGroupBox("Quick Bet Amounts", box);
     auto* q = new QHBoxLayout(quick);
-    for (int i = 1; i <= 5; ++i) q->addWidget(Edit(Indexed("txt" + prefix + "QuickBet", i), 900));
+    for (int i = 1; i <= 5; ++i)
+        q->addWidget(Edit(IndexedName("txt" + prefix + "QuickBet", i), 900));
     right->addWidget(quick);
     auto* round = new QGroupBox("Round Payouts To", box);
     auto* r = new QHBoxLayout(round);
-    for (const char* suffix : kRoundSuffix)
+    for (const char* suffix : RaceCardControls::kRoundSuffixes)
         r->addWidget(Option("opt" + prefix + "RoundTo" + suffix));
     right->addWidget(round);
     right->addStretch();

@@ -36,6 +36,7 @@ class frmRaceCard : public QDialog {
 
   public:
     explicit frmRaceCard(QWidget* parent = nullptr);
+    ~frmRaceCard() override;
 
     RaceCardLogic logic;
     QTabWidget* SSTab1 = nullptr;

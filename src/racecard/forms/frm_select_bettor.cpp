@@ -7,9 +7,9 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 #include "shell/startup.h"
 
 namespace tt::gui {

@@ -7,11 +7,11 @@
 #include <QSysInfo>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "model/ports.h"
 #include "model/race_file.h"
 #include "shell/forms/frm_splash.h"
 #include "shell/forms/gui_support.h"
-#include "shell/help_ids.h"
 
 namespace tt::gui {
 

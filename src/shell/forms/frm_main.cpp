@@ -14,15 +14,16 @@
 #include <QStyle>
 #include <QTimer>
 #include <QToolBar>
+#include <QToolButton>
 
 #include "files/file_commands.h"
+#include "model/error_path.h"
+#include "model/help_ids.h"
 #include "model/race_file.h"
-#include "shell/error_path.h"
 #include "shell/forms/form_registry.h"
 #include "shell/forms/frm_logo.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help.h"
-#include "shell/help_ids.h"
 #include "shell/main_commands.h"
 #include "shell/startup.h"
 
@@ -66,6 +67,41 @@ QIcon ToolIcon(const std::string& key, QStyle* style) {
     return {};
 }
 
+// A toolbar button over a menu entry's action, which gives it its enabled state and tool tip.
+// A click refreshes the title and then runs the entry's command; the menu entry and its shortcut
+// run the command alone.
+class ToolbarButton : public QToolButton {
+  public:
+    ToolbarButton(frmMain* main, QToolBar* bar, QAction* action, const QIcon& icon)
+        : QToolButton(bar), main_(main), icon_(icon) {
+        setAutoRaise(true);
+        setFocusPolicy(Qt::NoFocus);
+        setIconSize(bar->iconSize());
+        setToolButtonStyle(bar->toolButtonStyle());
+        setDefaultAction(action);
+        setIcon(icon_);
+    }
+
+  protected:
+    // A click arrives here and would trigger the action.
+    void nextCheckState() override {
+        Guard(main_, false, [this] {
+            UpdateTitle();
+            defaultAction()->trigger();
+        });
+    }
+    // The picture is the button's own, and stays when the action changes: an action with an icon
+    // would widen its menu for an icon column.
+    void actionEvent(QActionEvent* event) override {
+        QToolButton::actionEvent(event);
+        setIcon(icon_);
+    }
+
+  private:
+    frmMain* main_;
+    QIcon icon_;
+};
+
 }  // namespace
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
@@ -77,7 +113,6 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
     mdi_->setBackground(QApplication::palette().color(QPalette::Dark));
     setCentralWidget(mdi_);
     BuildMenus();
-    BuildToolBar();
     BuildStatusBar();
     UpdateEnabled();
     InstallHelpKey();
@@ -111,26 +146,26 @@ QAction* frmMain::AddAction(QMenu* menu, const char* name, const QString& captio
 void frmMain::BuildMenus() {
     QMenu* file = menuBar()->addMenu("&File");
     file->setObjectName("mnuFile");
-    AddAction(
+    QAction* fileNew = AddAction(
         file, "mnuFileNew", "&New", [] { mnuFileNew_Click(); }, 0, "", QKeySequence("Ctrl+N"));
-    AddAction(
+    QAction* fileOpen = AddAction(
         file, "mnuFileOpen", "&Open", [] { mnuFileOpen_Click(); }, 0, "", QKeySequence("Ctrl+O"));
     AddAction(
         file, "mnuFileClose", "&Close", [] { mnuFileClose_Click(); }, 1);
     file->addSeparator();
-    AddAction(
+    QAction* fileSave = AddAction(
         file, "mnuFileSave", "&Save", [] { mnuFileSave_Click(); }, 1, "", QKeySequence("Ctrl+S"));
     AddAction(
         file, "mnuFileSaveAs", "Save &As...", [] { mnuFileSaveAs_Click(); }, 1);
     file->addSeparator();
     AddAction(
         file, "mnuFilePageSetup", "Page Set&up...", [] { mnuFilePageSetup_Click(); }, 1);
-    AddAction(
+    QAction* filePrint = AddAction(
         file, "mnuFilePrint", "&Print...", [] { mnuFilePrint_Click(); }, 1, "frmPrint",
         QKeySequence("Ctrl+P"));
     AddAction(
-        file, "mnuFilePrintToFile", "Print to &File", [] {}, 0)
-        ->setVisible(false);
+        file, "mnuFilePrintToFile", "Print to &File", [] { mnuFilePrintToFile_Click(); }, 1,
+        "frmPrint");
     QAction* mruSep = file->addSeparator();
     mruSep->setObjectName("mnuFileMRUSep");
     for (int i = 0; i < 4; ++i) {
@@ -144,17 +179,17 @@ void frmMain::BuildMenus() {
 
     QMenu* edit = menuBar()->addMenu("&Edit");
     edit->setObjectName("mnuEdit");
-    AddAction(
+    QAction* editRaceCard = AddAction(
         edit, "mnuEditSetupRaceCard", "Setup Race &Card", [] { mnuEditSetupRaceCard_Click(); }, 1,
         "frmRaceCard");
-    AddAction(
+    QAction* editBettors = AddAction(
         edit, "mnuEditSetupBettors", "&Setup Bettors", [] { mnuEditSetupBettors_Click(); }, 1,
         "frmSelectBettor");
     edit->addSeparator();
-    AddAction(
+    QAction* editPlaceBets = AddAction(
         edit, "mnuEditPlaceBets", "&Betting Window", [] { mnuEditPlaceBets_Click(); }, 2,
         "frmTransaction");
-    AddAction(
+    QAction* editResults = AddAction(
         edit, "mnuEditResults", "&Record Race Results", [] { mnuEditResults_Click(); }, 2,
         "frmEditResults");
 
@@ -175,12 +210,12 @@ void frmMain::BuildMenus() {
     sb->setCheckable(true);
     sb->setChecked(true);
     view->addSeparator();
-    AddAction(
+    QAction* viewListBets = AddAction(
         view, "mnuViewListBets", "&List Bets", [] { mnuViewListBets_Click(); }, 2, "frmListBets");
-    AddAction(
+    QAction* viewOdds = AddAction(
         view, "mnuViewDisplayOdds", "Display &Odds", [] { mnuViewDisplayOdds_Click(); }, 2,
         "frmDisplayOdds");
-    AddAction(
+    QAction* viewPayouts = AddAction(
         view, "mnuViewDisplayPayouts", "Display &Payouts", [] { mnuViewDisplayPayouts_Click(); }, 2,
         "frmDisplayPayouts");
 
@@ -201,7 +236,7 @@ void frmMain::BuildMenus() {
 
     QMenu* window = menuBar()->addMenu("&Window");
     window->setObjectName("mnuWindow");
-    AddAction(
+    QAction* windowCascade = AddAction(
         window, "mnuWindowCascade", "&Cascade", [this] { Arrange(0); }, 1);
     AddAction(
         window, "mnuWindowTileHorizontal", "Tile &Horizontally", [this] { Arrange(1); }, 1);
@@ -212,78 +247,58 @@ void frmMain::BuildMenus() {
     QMenu* help = menuBar()->addMenu("&Help");
     help->setObjectName("mnuHelp");
     AddAction(help, "mnuHelpContents", "&Overview", [this] { HelpContents(this); });
-    AddAction(help, "mnuHelpWindow", "&Window Help", [this] { DisplayHelp(this, 0); });
+    QAction* helpWindow =
+        AddAction(help, "mnuHelpWindow", "&Window Help", [this] { DisplayHelp(this, 0); });
     AddAction(help, "mnuHelpSearch", "&Search For Help On...", [this] { HelpSearch(this); });
     help->addSeparator();
     AddAction(
         help, "mnuHelpAbout", "&About Tamberlin Tally...",
         [] { Shell().ShowForm("frmAbout", true); }, 0, "frmAbout");
+
+    // The most recent file has a button even while its menu entry is hidden, with an empty list.
+    QAction* mostRecent =
+        AddAction(nullptr, "tbMRU", "Open Most Recent File", [] { mnuFileMRU_Click(0); });
+    BuildToolBar({
+        {"MRU", "Open Most Recent File", mostRecent, false},
+        {"New", "New", fileNew, false},
+        {"Open", "Open", fileOpen, false},
+        {"Save", "Save", fileSave, true},
+        {"Print", "Print", filePrint, false},
+        {"Cascade", "Cascade open windows", windowCascade, true},
+        {"SetupRaceCard", "Setup Race Card", editRaceCard, false},
+        {"SetupBettors", "Setup Bettors", editBettors, false},
+        {"PlaceBets", "Betting Window", editPlaceBets, true},
+        {"ListBets", "List Bets", viewListBets, false},
+        {"DisplayOdds", "Display Odds", viewOdds, false},
+        {"EditResults", "Record Race Results", editResults, false},
+        {"DisplayPayouts", "Display Payouts", viewPayouts, false},
+        {"Help", "Help", helpWindow, true},
+    });
 }
 
-void frmMain::BuildToolBar() {
+void frmMain::BuildToolBar(const std::vector<ToolbarEntry>& buttons) {
     toolBar_ = addToolBar("Toolbar");
     toolBar_->setObjectName("tbToolBar");
     toolBar_->setMovable(false);
     toolBar_->setIconSize(QSize(24, 24));
-    static const std::map<std::string, std::pair<int, std::string>> kGroups = {
-        {"Save", {1, ""}},
-        {"Print", {1, "frmPrint"}},
-        {"Cascade", {1, ""}},
-        {"SetupRaceCard", {1, "frmRaceCard"}},
-        {"SetupBettors", {1, "frmSelectBettor"}},
-        {"PlaceBets", {2, "frmTransaction"}},
-        {"ListBets", {2, "frmListBets"}},
-        {"DisplayOdds", {2, "frmDisplayOdds"}},
-        {"EditResults", {2, "frmEditResults"}},
-        {"DisplayPayouts", {2, "frmDisplayPayouts"}},
-    };
-    for (const ToolbarButton& b : ToolbarButtons()) {
-        std::string key = b.key;
-        if (key == "Save" || key == "Cascade" || key == "PlaceBets" || key == "Help")
-            toolBar_->addSeparator();
-        auto* a = new QAction(ToolIcon(key, style()), Q(b.toolTip), this);
-        a->setObjectName(Q("tb" + key));
-        a->setToolTip(Q(b.toolTip));
-        connect(a, &QAction::triggered, this, [this, key] { tbToolBar_ButtonClick(key); });
-        toolBar_->addAction(a);
-        actions_["tb" + key] = a;
-        auto g = kGroups.find(key);
-        commands_.push_back({a, g == kGroups.end() ? 0 : g->second.first,
-                             g == kGroups.end() ? std::string() : g->second.second});
+    for (const ToolbarEntry& e : buttons) {
+        if (e.groupStart) toolBar_->addSeparator();
+        e.action->setToolTip(e.toolTip);
+        auto* button = new ToolbarButton(this, toolBar_, e.action, ToolIcon(e.key, style()));
+        button->setObjectName(QString("tb") + e.key);
+        toolBar_->addWidget(button);
+        toolButtons_[e.key] = button;
     }
 }
 
+QToolButton* frmMain::ToolButton(const std::string& key) const {
+    auto it = toolButtons_.find(key);
+    return it == toolButtons_.end() ? nullptr : it->second;
+}
+
 void frmMain::tbToolBar_ButtonClick(const std::string& key) {
-    QAction* button = Action("tb" + key);
-    if (button && !button->isEnabled()) return;
-    Guard(this, false, [&] {
-        UpdateTitle();
-        static const std::vector<std::pair<std::string, std::string>> kRoutes = {
-            {"MRU", "mnuFileMRU(0)"},
-            {"New", "mnuFileNew"},
-            {"Open", "mnuFileOpen"},
-            {"Save", "mnuFileSave"},
-            {"Print", "mnuFilePrint"},
-            {"Cascade", "mnuWindowCascade"},
-            {"SetupRaceCard", "mnuEditSetupRaceCard"},
-            {"SetupBettors", "mnuEditSetupBettors"},
-            {"PlaceBets", "mnuEditPlaceBets"},
-            {"ListBets", "mnuViewListBets"},
-            {"DisplayOdds", "mnuViewDisplayOdds"},
-            {"EditResults", "mnuEditResults"},
-            {"DisplayPayouts", "mnuViewDisplayPayouts"},
-            {"Help", "mnuHelpWindow"},
-        };
-        for (const auto& [k, menu] : kRoutes) {
-            if (k != key) continue;
-            if (menu == "mnuFileMRU(0)") {
-                mnuFileMRU_Click(0);
-            } else if (QAction* a = Action(menu)) {
-                emit a->triggered();  // the menu entry's handler
-            }
-            return;
-        }
-    });
+    // A disabled button takes no click.
+    if (QToolButton* button = ToolButton(key)) button->click();
 }
 
 void frmMain::BuildStatusBar() {
@@ -351,6 +366,15 @@ void frmMain::RememberPlacement() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
+    // The betting window asks about its open transaction before the card is let go, as a child
+    // window is asked before its frame closes; a refusal keeps the program running.
+    if (IsFormLoaded("frmTransaction")) {
+        UnloadForm("frmTransaction");
+        if (IsFormLoaded("frmTransaction")) {
+            event->ignore();
+            return;
+        }
+    }
     bool normal =
         !(windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen));
     Placement p{ToTwips(x()), ToTwips(y()), ToTwips(width()), ToTwips(height())};
@@ -514,6 +538,13 @@ bool frmMain::IsFormLoaded(const std::string& name) {
 
 std::string frmMain::StatusText() {
     return S(statusPanel_->text());
+}
+
+std::string frmMain::ActiveChild() {
+    // The current child stays current while a dialog of the program is in front.
+    QMdiSubWindow* sub = mdi_->currentSubWindow();
+    if (!sub || sub->isHidden() || !sub->widget()) return {};
+    return S(sub->widget()->objectName());
 }
 
 void frmMain::UnloadDisplays(bool withTransaction) {

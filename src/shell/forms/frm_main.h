@@ -16,6 +16,7 @@ class QLabel;
 class QMdiArea;
 class QMdiSubWindow;
 class QToolBar;
+class QToolButton;
 
 namespace tt::gui {
 
@@ -34,6 +35,8 @@ class frmMain : public QMainWindow, public ShellPort {
     QMdiArea* MdiArea() const { return mdi_; }
     QAction* Action(const std::string& name) const;
     QToolBar* ToolBar() const { return toolBar_; }
+    // The toolbar button with this key ("MRU", "Save", ..., "Help"); null for another key.
+    QToolButton* ToolButton(const std::string& key) const;
     // The launch pad, creating it when needed.
     frmLogo* Logo();
     // Runs the toolbar button with this key, as a click does.
@@ -52,6 +55,7 @@ class frmMain : public QMainWindow, public ShellPort {
     void UnloadForm(const std::string& name) override;
     bool IsFormLoaded(const std::string& name) override;
     std::string StatusText() override;
+    std::string ActiveChild() override;
     void UnloadDisplays(bool withTransaction) override;
 
     // The window arrangements of the Window menu: 0 cascade, 1 tile horizontally, 2 tile
@@ -76,8 +80,17 @@ class frmMain : public QMainWindow, public ShellPort {
     QAction* AddAction(QMenu* menu, const char* name, const QString& caption,
                        std::function<void()> run, int group = 0, std::string needsForm = {},
                        const QKeySequence& shortcut = {});
+    // A toolbar button: the key, the tool tip, the action it shares (a menu entry's, but for the
+    // most recent file), and whether a separator comes before it.
+    struct ToolbarEntry {
+        const char* key;
+        const char* toolTip;
+        QAction* action;
+        bool groupStart;
+    };
+    // The menus, and the toolbar over their actions.
     void BuildMenus();
-    void BuildToolBar();
+    void BuildToolBar(const std::vector<ToolbarEntry>& buttons);
     void BuildStatusBar();
     void UpdateEnabled();
     void RememberPlacement();
@@ -90,6 +103,7 @@ class frmMain : public QMainWindow, public ShellPort {
     QLabel* datePanel_ = nullptr;
     QLabel* timePanel_ = nullptr;
     std::map<std::string, QAction*> actions_;
+    std::map<std::string, QToolButton*> toolButtons_;
     std::vector<Command> commands_;
     std::array<QAction*, 4> mru_{};
     bool fileGroup_ = false;

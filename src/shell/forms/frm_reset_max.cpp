@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "shell/help_ids.h"
+#include "model/help_ids.h"
 
 namespace tt::gui {
 

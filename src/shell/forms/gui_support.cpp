@@ -10,20 +10,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMdiSubWindow>
 #include <QMessageBox>
-#include <QPageSetupDialog>
 #include <QPainter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QTableView>
 #include <QTimer>
 
 #include "model/app_error.h"
-#include "shell/error_path.h"
+#include "model/error_path.h"
+#include "model/window_placement.h"
+#include "shell/forms/qt_printer.h"
 
 namespace tt::gui {
 
@@ -115,6 +114,36 @@ void Apply(QLineEdit* edit, const ControlState& s) {
                                    ? QApplication::palette().color(QPalette::Base)
                                    : ColorOf(s.backColor));
     edit->setPalette(p);
+}
+
+QWidget* KeptPlacement::Frame() const {
+    if (auto* sub = qobject_cast<QMdiSubWindow*>(form_->parentWidget())) return sub;
+    return form_;
+}
+
+void KeptPlacement::Restore() {
+    if (placed_) return;
+    placed_ = true;
+    QWidget* frame = Frame();
+    Placement p;
+    Guard(form_, false, [&] { p = RestoreWindowPlacement(prefix_); });
+    if (withSize_ && p.width > 0 && p.height > 0)
+        frame->resize(std::max(Twips(p.width), frame->minimumSizeHint().width()),
+                      std::max(Twips(p.height), frame->minimumSizeHint().height()));
+    else
+        frame->resize(frame->sizeHint());
+    frame->move(Twips(p.left), Twips(p.top));
+}
+
+void KeptPlacement::Save() {
+    QWidget* frame = Frame();
+    if (!placed_ || frame->isMinimized() || frame->isMaximized()) return;
+    const QRect g = frame->geometry();
+    Guard(form_, false, [&] {
+        SaveWindowPlacement(
+            prefix_, {ToTwips(g.x()), ToTwips(g.y()), ToTwips(g.width()), ToTwips(g.height())},
+            withSize_);
+    });
 }
 
 void GridModel::SetGrid(const GridData* grid) {
@@ -294,81 +323,6 @@ class QtDialogs : public FileDialogPort {
         if (dlg.exec() != QDialog::Accepted || dlg.selectedFiles().isEmpty()) return std::nullopt;
         return S(QDir::toNativeSeparators(dlg.selectedFiles().first()));
     }
-};
-
-// Fixed-pitch lines on the printer. With no printer installed the pages go to a PDF in the
-// user's documents, so that nothing is lost.
-class QtPrinter : public PrinterPort {
-  public:
-    QtPrinter() : printer_(QPrinter::HighResolution) {
-        if (QPrinterInfo::availablePrinters().isEmpty()) UsePdf();
-        font_.setStyleHint(QFont::TypeWriter);
-        font_.setFixedPitch(true);
-    }
-    void SetFont(const std::string& name, int size) override {
-        font_.setFamily(name == "Courier" ? QString("Courier New") : Q(name));
-        font_.setStyleHint(QFont::TypeWriter);
-        font_.setPointSize(std::max(1, size));
-        if (painter_.isActive()) painter_.setFont(font_);
-    }
-    void SetBold(bool bold) override {
-        font_.setBold(bold);
-        if (painter_.isActive()) painter_.setFont(font_);
-    }
-    int Copies() override { return printer_.copyCount(); }
-    void SetCopies(int copies) override { printer_.setCopyCount(copies); }
-    double TextHeight(const std::string& text) override {
-        QFontMetricsF m(font_, &printer_);
-        return m.boundingRect(Q(text)).height() * 1440.0 / printer_.resolution();
-    }
-    double PageHeight() override {
-        return printer_.pageLayout().paintRectPixels(printer_.resolution()).height() * 1440.0 /
-               printer_.resolution();
-    }
-    void PrintLine(const std::string& text) override {
-        Begin();
-        QFontMetricsF m(font_, &printer_);
-        y_ += m.height();
-        painter_.drawText(QPointF(0, y_ - m.descent()), Q(text));
-    }
-    void NewPage() override {
-        Begin();
-        printer_.newPage();
-        y_ = 0;
-    }
-    void EndDoc() override {
-        if (painter_.isActive()) painter_.end();
-        y_ = 0;
-        if (pdf_) UsePdf();
-    }
-    bool SetupDialog() override {
-        QPageSetupDialog dlg(&printer_, QApplication::activeWindow());
-        return dlg.exec() == QDialog::Accepted;
-    }
-
-  private:
-    void UsePdf() {
-        pdf_ = true;
-        QString dir = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-        if (dir.isEmpty()) dir = QDir::homePath();
-        QDir().mkpath(dir);
-        printer_.setOutputFormat(QPrinter::PdfFormat);
-        printer_.setOutputFileName(dir + "/Tamberlin Tally " +
-                                   QDateTime::currentDateTime().toString("yyyy-MM-dd hh-mm-ss") +
-                                   ".pdf");
-    }
-    void Begin() {
-        if (painter_.isActive()) return;
-        if (!painter_.begin(&printer_))
-            throw AppError(kErrPrinter, "The printer could not be started");
-        painter_.setFont(font_);
-        y_ = 0;
-    }
-    QPrinter printer_;
-    QPainter painter_;
-    QFont font_{"Courier New", 10};
-    double y_ = 0;
-    bool pdf_ = false;
 };
 
 }  // namespace

@@ -69,6 +69,27 @@ void RejectUnlessKept(Form* form) {
     form->QDialog::reject();
 }
 
+// A child window's kept place: its frame (its sub-window in the document area, or the window
+// itself) placed from the settings on its first show, with the size kept when there is one and
+// not below what its layout needs, and kept again when it closes, unless minimised or
+// maximised.
+class KeptPlacement {
+  public:
+    KeptPlacement(QWidget* form, std::string keyPrefix, bool withSize)
+        : form_(form), prefix_(std::move(keyPrefix)), withSize_(withSize) {}
+    // On every show; only the first places the window.
+    void Restore();
+    void Save();
+    bool Placed() const { return placed_; }
+
+  private:
+    QWidget* Frame() const;
+    QWidget* form_;
+    std::string prefix_;
+    bool withSize_;
+    bool placed_ = false;
+};
+
 // Lists and combo boxes filled from the core's list data (item data kept in Qt::UserRole).
 void FillCombo(QComboBox* box, const ListData& list);
 void FillList(QListWidget* box, const ListData& list);

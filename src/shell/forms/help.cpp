@@ -7,10 +7,10 @@
 #include <QMdiSubWindow>
 #include <QPointer>
 
+#include "model/help_ids.h"
 #include "model/ports.h"
 #include "shell/forms/gui_support.h"
 #include "shell/forms/help_viewer.h"
-#include "shell/help_ids.h"
 #include "shell/help_topics.h"
 
 // The help pages are compiled into the forms library; a static library needs them pulled in.

@@ -16,8 +16,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include "model/help_ids.h"
 #include "shell/forms/gui_support.h"
-#include "shell/help_ids.h"
 #include "shell/help_topics.h"
 
 namespace tt::gui {

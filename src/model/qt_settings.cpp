@@ -1,4 +1,4 @@
-#include "shell/qt_settings.h"
+#include "model/qt_settings.h"
 
 #include <QSettings>
 

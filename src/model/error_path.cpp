@@ -1,4 +1,4 @@
-#include "shell/error_path.h"
+#include "model/error_path.h"
 
 #include "model/number_text.h"
 #include "model/ports.h"

@@ -28,6 +28,7 @@ inline constexpr int kEditResults = 4050;           // frmEditResults
 inline constexpr int kPayoutHandling = 4051;        // frmPayoutHandling
 inline constexpr int kDisplayPayouts = 4052;        // frmDisplayPayouts
 inline constexpr int kDisplayOdds = 4053;           // frmDisplayOdds
+inline constexpr int kOddsBoard = 4054;             // its board for the room
 inline constexpr int kListBets = 4060;              // frmListBets
 inline constexpr int kPrint = 4061;                 // frmPrint
 inline constexpr int kSelectRaceAndBetType = 4062;  // frmSelectRaceAndBetType
