@@ -52,6 +52,10 @@ class ReadOn : public tt::MessagePort {
 };
 
 int Load(const char* path) {
+    // A card names its recovery file, which the load makes when it is missing: away from here.
+    const fs::path file = fs::absolute(path);
+    fs::current_path(fs::temp_directory_path());
+    path = file.c_str();
     ReadOn answers;
     tt::Ports ports;
     ports.message = &answers;
