@@ -84,15 +84,15 @@ struct World {
             else
                 bettor.BettorEmail = "new" + std::to_string(b) + "@mail";
         }
-        files.files[kOtherLarge] = BuildRaceFileText(DateTime{2025, 9, 1, 18, 0, 0});
+        files.Put(kOtherLarge, BuildRaceFileText(DateTime{2025, 9, 1, 18, 0, 0}));
         RF.Bet.ReDim(1);
         RF.MaxBets = 0;
-        files.files[kOther] = BuildRaceFileText(DateTime{2025, 9, 1, 18, 0, 0});
+        files.Put(kOther, BuildRaceFileText(DateTime{2025, 9, 1, 18, 0, 0}));
 
         bench::MakeLargeCard();
         RF.RecoveryFile = kLog;
         RF.RecoveryFlag = true;
-        files.files[kLog] = LogOfTheCard();
+        files.Put(kLog, LogOfTheCard());
         card = RF;
     }
 
@@ -140,7 +140,7 @@ void BM_LoadRecoveryGrid(benchmark::State& state) {
         benchmark::DoNotOptimize(logic.flxRecovery.Rows());
     }
     state.counters["rows"] = static_cast<double>(w.logRows);
-    state.counters["log_MB"] = static_cast<double>(w.files.files[kLog].size()) / 1e6;
+    state.counters["log_MB"] = static_cast<double>(w.files.Get(kLog).size()) / 1e6;
 }
 BENCHMARK(BM_LoadRecoveryGrid)->Unit(benchmark::kMillisecond);
 
@@ -150,7 +150,7 @@ void BM_ReadRecoveryRows(benchmark::State& state) {
     RF = w.card;
     std::vector<RecoveryRow> rows;
     for (auto _ : state) {
-        ReadRecoveryRows(w.files.files[kLog], rows);
+        ReadRecoveryRows(w.files.Get(kLog), rows);
         benchmark::DoNotOptimize(rows.data());
     }
 }
@@ -233,7 +233,7 @@ void Import(benchmark::State& state, const char* path) {
         if (RF.BettorCount != 7500) state.SkipWithError("the bettors were not brought in");
     }
     state.counters["grid_rows"] = w.shell.rows;
-    state.counters["file_MB"] = static_cast<double>(w.files.files[path].size()) / 1e6;
+    state.counters["file_MB"] = static_cast<double>(w.files.Get(path).size()) / 1e6;
 }
 
 void BM_ImportBettors(benchmark::State& state) {

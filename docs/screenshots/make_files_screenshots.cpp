@@ -19,6 +19,7 @@
 #include "files/import_bettors.h"
 #include "files/race_file_io.h"
 #include "files/recovery_file.h"
+#include "files/safe_file.h"
 #include "model/ports.h"
 #include "model/race_file.h"
 
@@ -108,7 +109,7 @@ int main(int argc, char** argv) {
 
     QTemporaryDir dir;
     RF.RecoveryFile = dir.filePath("spring-meet.tlr").toStdString();
-    Files().WriteAll(RF.RecoveryFile, LogOfTheCard());
+    ReplaceFileContents(RF.RecoveryFile, LogOfTheCard());
     G.FileSaved = DateTime{2026, 4, 18, 13, 30, 0};
 
     bool ok = true;

@@ -1,6 +1,7 @@
 #include "files/recovery_file.h"
 
 #include "files/field_reader.h"
+#include "files/safe_file.h"
 #include "model/number_text.h"
 #include "model/ports.h"
 
@@ -16,10 +17,34 @@ void RecoveryFailure(const char* stage, int number, const std::string& text,
            Buttons::kOK, Icon::kExclamation);
 }
 
+std::string ReadRecoveryText() {
+    return Files().ReadAll(RF.RecoveryFile, kRecoveryReadLimit);
+}
+
+bool HoldsRecoveryRecord(std::string_view data) {
+    FieldReader in(data);
+    while (!in.AtEnd())
+        if (in.Next() == kRecoveryTag) return true;
+    return false;
+}
+
+namespace {
+
+// Whether the log may add to or rewrite the recovery file: it is missing, empty, or holds a
+// record of the log. Anything else belongs to someone else and is left as it is.
+void CheckRecoveryFile() {
+    if (Files().Kind(RF.RecoveryFile) == FileKind::kMissing) return;
+    const std::string data = ReadRecoveryText();
+    if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
+}
+
+}  // namespace
+
 void TestRecoveryFile() {
     if (!RF.RecoveryFlag) return;
     CloseRecoveryChannel();
     try {
+        CheckRecoveryFile();
         Files().Append(RF.RecoveryFile, {});
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
@@ -32,6 +57,7 @@ void LogTransaction(const std::vector<RecoveryRow>& rows) {
     try {
         std::string out;
         for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
+        CheckRecoveryFile();
         Files().Append(RF.RecoveryFile, out);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
@@ -105,7 +131,8 @@ void ReadRecoveryRest(FieldReader& in, RecoveryRow& row) {
 void ClearOldRecovery(std::int16_t days) {
     CloseRecoveryChannel();
     try {
-        std::string data = Files().ReadAll(RF.RecoveryFile);
+        const std::string data = ReadRecoveryText();
+        if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
         FieldReader in(data);
         std::vector<RecoveryRow> rows;
         const double now = Clock().Now().Serial();
@@ -128,7 +155,7 @@ void ClearOldRecovery(std::int16_t days) {
         }
         std::string out;
         for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
-        Files().WriteAll(RF.RecoveryFile, out);
+        ReplaceFileContents(RF.RecoveryFile, out);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
         RecoveryFailure("processing", err.Number(), err.Text(), err.Source());

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "files/field_reader.h"
+#include "files/safe_file.h"
 #include "model/number_text.h"
 #include "model/ports.h"
 #include "model/race_file.h"
@@ -386,21 +387,15 @@ void RestoreTickets(const std::vector<RecoveryRow>& rows) {
 }
 
 bool RewriteRecoveryLog(std::string_view text) {
-    std::string old;
-    try {
-        old = Files().ReadAll(RF.RecoveryFile);
-    } catch (const AppError& e) {
-        if (e.Number() != kErrFileNotFound) throw;
+    if (Files().Kind(RF.RecoveryFile) != FileKind::kMissing) {
+        const std::string old = ReadRecoveryText();
+        if (!old.empty() && !HoldsRecoveryRecord(old)) {
+            AppError err(kErrPathFileAccess);
+            RecoveryFailure("processing", err.Number(), err.Text(), err.Source());
+            return false;
+        }
     }
-    bool holdsRecord = false;
-    FieldReader in(old);
-    while (!in.AtEnd() && !holdsRecord) holdsRecord = in.Next() == kRecoveryTag;
-    if (!old.empty() && !holdsRecord) {
-        AppError err(kErrPathFileAccess);
-        RecoveryFailure("processing", err.Number(), err.Text(), err.Source());
-        return false;
-    }
-    Files().WriteAll(RF.RecoveryFile, text);
+    ReplaceFileContents(RF.RecoveryFile, text);
     return true;
 }
 

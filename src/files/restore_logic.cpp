@@ -22,9 +22,10 @@ struct VersionHash {
     }
 };
 
-// The whole recovery file named by the card.
+// The whole recovery file named by the card; only a regular file, and only up to the log's
+// size limit, is read.
 std::string ReadRecoveryLog() {
-    return Files().ReadAll(RF.RecoveryFile);
+    return ReadRecoveryText();
 }
 
 // Busy pointer for as long as it lives.

@@ -308,6 +308,30 @@ TEST_F(RestoreTest, ClearCancelledLeavesTheLogAsItWas) {
     EXPECT_EQ(world.files.files[kLogPath], log);
 }
 
+TEST_F(RestoreTest, ClearOnAFullDiskLeavesTheOldLogWhole) {
+    const std::string log =
+        LogText({Version("New ", 1, kAt1400, 1, 1, {{}}), Version("New ", 2, kAt1405, 2, 2, {{}})});
+    Open(log);
+    Select(1, 1);
+    logic.cmdInclude_Click();
+    world.files.writeLimit = 10;
+    EXPECT_THROW(logic.cmdClear_Click(), AppError);
+    EXPECT_EQ(world.files.files[kLogPath], log);
+    EXPECT_EQ(world.files.Temporaries(), std::vector<std::string>{});
+    EXPECT_FALSE(world.shell.busy);
+
+    // With room again the same Clear goes through a temporary renamed over the log.
+    world.files.writeLimit.reset();
+    world.files.log.clear();
+    logic.cmdClear_Click();
+    // The grid is newest first: its first row was ticket 2.
+    EXPECT_EQ(world.files.files[kLogPath], LogText({Version("New ", 1, kAt1400, 1, 1, {{}})}));
+    EXPECT_TRUE(std::find_if(world.files.log.begin(), world.files.log.end(), [](auto& step) {
+                    return step.rfind("rename ", 0) == 0 &&
+                           step.ends_with(std::string(" ") + kLogPath);
+                }) != world.files.log.end());
+}
+
 TEST_F(RestoreTest, ClearNeverRewritesAFileThatHoldsNoRecord) {
     Open(LogText({Version("New ", 1, kAt1400, 1, 1, {{}})}));
     Select(1, 1);
