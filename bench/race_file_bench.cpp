@@ -2,13 +2,16 @@
 // memory, and, for scale, the bare read of the same bytes from the page cache.
 
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <string>
 
 #include "files/field_reader.h"
+#include "files/file_commands.h"
 #include "files/race_file_io.h"
 #include "large_card.h"
 #include "memory_files.h"
@@ -34,9 +37,9 @@ struct World {
         ResetProcessState();
         bench::MakeLargeCard();
         bytes = BuildRaceFileText(kSaved);
-        files.files[kPath] = bytes;
+        files.Put(kPath, bytes);
         tempPath = (std::filesystem::temp_directory_path() / "tally-bench-large.tly").string();
-        MakeRealFileSystem()->WriteAll(tempPath, bytes);
+        std::ofstream(tempPath, std::ios::binary) << bytes;
     }
     ~World() { std::remove(tempPath.c_str()); }
 };
@@ -71,7 +74,7 @@ void BM_WriteRaceFile(benchmark::State& state) {
         WriteRaceFile();
         if (G.CancelFlag) state.SkipWithError("the save failed");
     }
-    w.files.files[kPath] = w.bytes;
+    w.files.Put(kPath, w.bytes);
     Bytes(state);
 }
 BENCHMARK(BM_WriteRaceFile)->Unit(benchmark::kMillisecond);
@@ -87,6 +90,29 @@ void BM_OpenRaceFile(benchmark::State& state) {
     Bytes(state);
 }
 BENCHMARK(BM_OpenRaceFile)->Unit(benchmark::kMillisecond);
+
+// The save of the card to a file on the disk, as the program does it: with the flushes that
+// make it durable (range 1) and without them (range 0), to show what the flushes cost.
+void BM_SaveToDisk(benchmark::State& state) {
+    World& w = TheWorld();
+    bench::MakeLargeCard();
+    auto disk = MakeRealFileSystem(state.range(0) != 0);
+    Ports p;
+    p.files = disk.get();
+    PortsScope scope(p);
+    G.FilePath = w.tempPath;
+    for (auto _ : state) {
+        // Saves come minutes apart: the disk has written the last one out before the next.
+        state.PauseTiming();
+        ::sync();
+        state.ResumeTiming();
+        WriteRaceFile();
+        if (G.CancelFlag) state.SkipWithError("the save failed");
+    }
+    std::remove(BackupName(w.tempPath).c_str());
+    Bytes(state);
+}
+BENCHMARK(BM_SaveToDisk)->ArgName("fsync")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 // The record loop alone, over the bytes in place.
 void BM_ReadRaceFile20(benchmark::State& state) {

@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -115,7 +116,7 @@ const std::string& CardOnDisk() {
         Card();
         const std::string p =
             (std::filesystem::temp_directory_path() / "tally-bench-betting.tly").string();
-        MakeRealFileSystem()->WriteAll(p, BuildRaceFileText(DateTime{2026, 5, 2, 14, 30, 0}));
+        std::ofstream(p, std::ios::binary) << BuildRaceFileText(DateTime{2026, 5, 2, 14, 30, 0});
         return p;
     }();
     return path;

@@ -32,6 +32,7 @@
 #include "betting/ticket_header_logic.h"
 #include "betting/transaction_logic.h"
 #include "files/file_commands.h"
+#include "memory_files.h"
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
@@ -115,30 +116,7 @@ class FixedRandom : public RandomPort {
     double Rnd() override { return 4171.5 / 30000.0; }
 };
 
-class MemoryFiles : public FileSystemPort {
-  public:
-    std::map<std::string, std::string> files;
-    std::string ReadAll(const std::string& path) override {
-        auto it = files.find(path);
-        if (it == files.end()) throw AppError(kErrFileNotFound);
-        return it->second;
-    }
-    void WriteAll(const std::string& path, std::string_view data) override {
-        files[path] = std::string(data);
-    }
-    void Append(const std::string& path, std::string_view data) override {
-        files[path].append(data);
-    }
-    void Rename(const std::string& from, const std::string& to) override {
-        auto it = files.find(from);
-        if (it == files.end()) throw AppError(kErrFileNotFound);
-        files[to] = it->second;
-        files.erase(it);
-    }
-    void Remove(const std::string& path) override {
-        if (files.erase(path) == 0) throw AppError(kErrFileNotFound);
-    }
-};
+using MemoryFiles = bench::MemoryFileSystem;
 
 // ---- The card -----------------------------------------------------------------------------
 
@@ -685,11 +663,11 @@ int main(int argc, char** argv) {
     const std::string name = "spring-meet.tly";
     SaveCard(dialog, name);
 
-    if (messages.failed || shell.failed || G.FileChanged || !files.files.count(name)) {
+    if (messages.failed || shell.failed || G.FileChanged || !files.Has(name)) {
         std::fprintf(stderr, "make-spring-meet: the card was not made\n");
         return 1;
     }
-    const std::string& text = files.files[name];
+    const std::string& text = files.Get(name);
     std::FILE* f = std::fopen(argv[1], "wb");
     if (!f || std::fwrite(text.data(), 1, text.size(), f) != text.size() || std::fclose(f) != 0) {
         std::perror(argv[1]);

@@ -14,7 +14,7 @@ if [ "${1:-}" = "--inside-xvfb" ]; then
   wm=$!
   sleep 1
   status=0
-  for group in shell betting tickets odds reports; do
+  for group in shell betting tickets odds reports files; do
     SHOTS_WM=openbox QT_QPA_PLATFORM=xcb build/release/scripts/screenshots/make-screenshots "$group" "$card" "$out" ||
       { echo "screenshots: group $group failed" >&2; status=1; }
   done

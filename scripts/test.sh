@@ -1,9 +1,13 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and runs every test (widget tests offscreen).
+# Installs what is missing, builds, and runs every test (widget tests offscreen): once in the
+# release build, and once in the debug build with the address and undefined behaviour
+# sanitizers.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 scripts/check-format.sh
-scripts/build.sh release
 export QT_QPA_PLATFORM=offscreen
-ctest --preset release -j "$(nproc)"
+for preset in release debug; do
+  scripts/build.sh "$preset"
+  ctest --preset "$preset" -j "$(nproc)"
+done

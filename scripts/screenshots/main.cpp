@@ -3,8 +3,9 @@
 //   make-screenshots GROUP CARD OUTDIR
 //
 // GROUP is shell (the main window, its dialogs, the race card, results and payouts, the help, a
-// message box, a tiled layout), betting, tickets, odds or reports. scripts/screenshots.sh runs
-// every group under Xvfb with a window manager, each in a process of its own.
+// message box, a tiled layout), betting, tickets, odds, reports or files (restore and import).
+// scripts/screenshots.sh runs every group under Xvfb with a window manager, each in a process of
+// its own.
 
 #include <QApplication>
 #include <QDir>
@@ -22,11 +23,12 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(tt::gui::AppIcon());
     const std::map<std::string, std::function<int(const QString&, const QString&)>> groups = {
         {"shell", ShellShots}, {"betting", BettingShots}, {"tickets", TicketShots},
-        {"odds", OddsShots},   {"reports", ReportShots},
+        {"odds", OddsShots},   {"reports", ReportShots},  {"files", FileShots},
     };
     if (argc != 4 || !groups.count(argv[1])) {
-        std::fprintf(stderr,
-                     "usage: make-screenshots shell|betting|tickets|odds|reports CARD OUTDIR\n");
+        std::fprintf(
+            stderr,
+            "usage: make-screenshots shell|betting|tickets|odds|reports|files CARD OUTDIR\n");
         return 2;
     }
     const QString out = QDir(QString::fromLocal8Bit(argv[3])).absolutePath();

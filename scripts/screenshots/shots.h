@@ -31,3 +31,4 @@ int BettingShots(const QString& card, const QString& out);
 int TicketShots(const QString& card, const QString& out);
 int OddsShots(const QString& card, const QString& out);
 int ReportShots(const QString& card, const QString& out);
+int FileShots(const QString& card, const QString& out);

@@ -21,11 +21,16 @@ Command SellCommand();
 Command CashCommand();
 Command ListCommand();
 Command ReportCommand();
+Command RecoveryCommand();
+Command RestoreCommand();
+Command ImportBettorsCommand();
 
 const std::vector<Command>& Commands() {
     static const std::vector<Command> commands = {
-        InfoCommand(),   ResaveCommand(), SettleCommand(), PayoutsCommand(), OddsCommand(),
-        RecentCommand(), SellCommand(),   CashCommand(),   ListCommand(),    ReportCommand(),
+        InfoCommand(),          ResaveCommand(), SettleCommand(),   PayoutsCommand(),
+        OddsCommand(),          RecentCommand(), SellCommand(),     CashCommand(),
+        ListCommand(),          ReportCommand(), RecoveryCommand(), RestoreCommand(),
+        ImportBettorsCommand(),
     };
     return commands;
 }

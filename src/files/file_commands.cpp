@@ -2,6 +2,7 @@
 
 #include "files/race_file_io.h"
 #include "files/recovery_file.h"
+#include "files/safe_file.h"
 #include "model/common.h"
 #include "model/error_path.h"
 #include "model/ports.h"
@@ -41,24 +42,33 @@ std::string BackupName(const std::string& path) {
     return (dot == std::string::npos ? std::string() : path.substr(0, dot + 1)) + "bkp";
 }
 
-void MakeBackup(const std::string& path) {
+bool MakeBackup(FileReplacement& file, const std::string& path) {
     G.CancelFlag = false;
     const std::string backup = BackupName(path);
+    // A first save has nothing to back up.
+    if (!file.HasOld() || backup == path) return false;
     try {
-        Files().Remove(backup);
-    } catch (const std::exception&) {
-        // Nothing to delete, or it cannot be: the rename below tells.
-    }
-    try {
-        Files().Rename(path, backup);
+        file.KeepOldAs(backup);
+        return true;
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
-        if (err.Number() == kErrFileNotFound) return;  // a first save has nothing to back up
+        if (err.Number() == kErrFileNotFound) return false;
         int answer = MsgBox(
             JoinParts({"Error in creating backup of current file.",
                        std::to_string(err.Number()) + "  " + err.Text(), "Save file anyway?"}),
             Buttons::kOKCancel, Icon::kExclamation, {}, 1);
         if (answer == kCancel) G.CancelFlag = true;
+        return false;
+    }
+}
+
+void DropBackup(const std::string& path) {
+    const std::string backup = BackupName(path);
+    if (backup == path) return;
+    try {
+        Files().Remove(backup);
+    } catch (const std::exception&) {
+        // Nothing to delete, or it cannot be.
     }
 }
 

@@ -7,6 +7,8 @@
 
 namespace tt {
 
+class FileReplacement;
+
 inline constexpr const char* kRaceFileFilter = "Tamberlin Tally Files (*.tly)|*.tly|All (*.*)|*.*";
 
 // Asks about unsaved changes and saves on Yes. Returns 6 Yes, 7 No, 2 Cancel, or 0 when
@@ -16,9 +18,13 @@ int SaveFileChanges(bool changed);
 void AddMRU(const std::string& path);
 // The backup name of a path: everything up to and including its first ".", then "bkp".
 std::string BackupName(const std::string& path);
-// Renames the current file to its backup name. Sets CancelFlag to -1 when the user would
-// rather not save after a failed backup.
-void MakeBackup(const std::string& path);
+// Keeps the file being replaced under its backup name once the new text is in place. True
+// when it will; false for a first save, or after a failed backup, when CancelFlag is -1 if the
+// user would rather not save.
+bool MakeBackup(FileReplacement& file, const std::string& path);
+// After a save that kept no backup, deletes whatever regular file had the backup name, as a
+// first save always has; errors are ignored.
+void DropBackup(const std::string& path);
 // The three states of the commands.
 void EnableFileCommands();
 void DisableFileCommands();

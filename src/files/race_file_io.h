@@ -2,6 +2,7 @@
 // The race file: one whole document as text. The writer builds the file in one buffer and
 // writes it in one go after the backup; the reader reads the whole file and walks its fields.
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -34,6 +35,11 @@ void OpenRaceFile();
 struct ReadProgress {
     std::string field;       // the tag of the record being read
     std::int64_t count = 0;  // records seen
+    // The memory the process may hold while the records are read, 0 for no bound: a file made
+    // to spread a few records over far-apart slots stops with out of memory before the load
+    // takes more than four times the file and 64 MB (48 MB, and what the records read between
+    // two looks can add).
+    std::size_t memoryLimit = 0;
 };
 
 // The record loops, for the current format and for version 1.0 files.

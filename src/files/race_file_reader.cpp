@@ -285,6 +285,10 @@ void ReadRecords(FieldReader& in, ReadProgress& progress) {
             case Tag::kNone:
                 break;
         }
+        // A record takes a few pages at most; a look now and then is enough.
+        if (progress.count % 1024 == 0 && progress.memoryLimit != 0 &&
+            ResidentBytes() > progress.memoryLimit)
+            Raise(kErrOutOfMemory);
     }
 }
 
@@ -333,6 +337,7 @@ void OpenRaceFile() {
     }
     Shell().SetBusy(true);
 
+    const std::size_t resident = ResidentBytes();
     std::string data;
     try {
         data = Files().ReadAll(G.FilePath);
@@ -392,6 +397,7 @@ void OpenRaceFile() {
     }
 
     ReadProgress progress;
+    if (resident != 0) progress.memoryLimit = resident + 4 * data.size() + (std::size_t{48} << 20);
     if (version == "1.0") {
         try {
             ReadRaceFile10(in, progress);

@@ -3,11 +3,13 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <utility>
 #include <vector>
 
 #include "files/file_commands.h"
 #include "files/race_file_io.h"
 #include "files/recovery_file.h"
+#include "files/safe_file.h"
 #include "model/common.h"
 #include "model/ports.h"
 #include "model/race_file.h"
@@ -316,8 +318,8 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
         for (int q = 1; q <= 5; ++q) w.Money(race.QuickBet(q));
         w.End(true);
         for (int n = 1; n <= RF.MaxRacers; ++n) {
+            if (std::as_const(RF).Racer(r, n).BetNbr == 0) continue;
             RacerRec& racer = RF.Racer(r, n);
-            if (racer.BetNbr == 0) continue;
             Clean(racer.RacerName);
             Clean(racer.ProgramNbr);
             Clean(racer.PostPosition);
@@ -333,12 +335,14 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
     }
 
     // Each bettor's bets, race by race and slot by slot. The slots are grouped by the bettor of
-    // their ticket in two passes rather than scanned once for every bettor.
+    // their ticket in two passes rather than scanned once for every bettor. Bets and tickets
+    // are only read: slots a race never stored stay unstored.
+    const RaceFile& card = RF;
     const int bettors = RF.BettorCount;
     const std::int64_t slots = RF.MaxBets;
     struct Entry {
-        std::int32_t slot;
-        std::int32_t ticket;
+        const BetRec* bet;
+        const TicketRec* ticket;
         int race;
     };
     std::vector<std::int64_t> start(static_cast<std::size_t>(bettors) + 2, 0);
@@ -347,7 +351,7 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
         std::vector<std::int16_t> owner(static_cast<std::size_t>(kMaxRace * slots));
         for (int r = 1; r <= kMaxRace; ++r)
             for (std::int64_t n = 1; n <= slots; ++n) {
-                int b = RF.Ticket(RF.Bet(r, n).TicketIdx).TicketBettor;
+                int b = card.Ticket(card.Bet(r, n).TicketIdx).TicketBettor;
                 owner[static_cast<std::size_t>((r - 1) * slots + n - 1)] =
                     static_cast<std::int16_t>(b);
                 if (b >= 1 && b <= bettors) ++start[static_cast<std::size_t>(b) + 1];
@@ -359,9 +363,11 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
         for (int r = 1; r <= kMaxRace; ++r)
             for (std::int64_t n = 1; n <= slots; ++n) {
                 int b = owner[static_cast<std::size_t>((r - 1) * slots + n - 1)];
-                if (b >= 1 && b <= bettors)
+                if (b >= 1 && b <= bettors) {
+                    const BetRec& bet = card.Bet(r, n);
                     order[static_cast<std::size_t>(fill[static_cast<std::size_t>(b)]++)] = {
-                        static_cast<std::int32_t>(n), RF.Bet(r, n).TicketIdx, r};
+                        &bet, &card.Ticket(bet.TicketIdx), r};
+                }
             }
     }
     // Room for the bets and the payouts in one go; a bet takes about 90 bytes.
@@ -384,14 +390,14 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
             // while this one is written.
             if (i + kPrefetch < order.size()) {
                 const Entry& ahead = order[i + kPrefetch];
-                const char* bet = reinterpret_cast<const char*>(&RF.Bet(ahead.race, ahead.slot));
+                const char* bet = reinterpret_cast<const char*>(ahead.bet);
                 __builtin_prefetch(bet);
                 __builtin_prefetch(bet + sizeof(BetRec) - 1);
-                __builtin_prefetch(&RF.Ticket(ahead.ticket));
+                __builtin_prefetch(ahead.ticket);
             }
             const int r = order[i].race;
-            const BetRec& bet = RF.Bet(r, order[i].slot);
-            const TicketRec& t = RF.Ticket(order[i].ticket);
+            const BetRec& bet = *order[i].bet;
+            const TicketRec& t = *order[i].ticket;
             w.Done(PutBet(w.Take(kMaxBetLines), r, bet, t));
         }
     }
@@ -400,7 +406,7 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
         w.Text("%Payout`").Int(r);
         for (int t = 1; t <= kBetTypes; ++t)
             for (int p = 1; p <= 6; ++p) {
-                const PayoutRec& pay = RF.Payout(r, t, p);
+                const PayoutRec& pay = card.Payout(r, t, p);
                 w.Double(pay.PayRatio).Money(pay.WinningAmt).Money(pay.PoolAmt);
             }
         w.End(true);
@@ -411,23 +417,19 @@ void BuildRaceFile(Buffer& buffer, const DateTime& saved) {
 
 void WriteRaceFile() {
     G.CancelFlag = false;
-    MakeBackup(G.FilePath);
-    if (G.CancelFlag) return;
     Shell().SetBusy(true);
-    Buffer buffer;
     try {
-        try {
-            BuildRaceFile(buffer, Clock().Now());
-        } catch (...) {
-            // The file is created before its first record is written: what was built up to the
-            // failing record is what stays on disk, as for a failing write.
-            try {
-                Files().WriteAll(G.FilePath, buffer.View());
-            } catch (const std::exception&) {
-            }
-            throw;
-        }
-        Files().WriteAll(G.FilePath, buffer.View());
+        // The whole text first: a card that cannot be written leaves the file as it was.
+        Buffer buffer;
+        BuildRaceFile(buffer, Clock().Now());
+        FileReplacement file(G.FilePath);
+        file.Stage(buffer.View());
+        Shell().SetBusy(false);
+        const bool backedUp = MakeBackup(file, G.FilePath);
+        if (G.CancelFlag) return;
+        Shell().SetBusy(true);
+        file.Commit();
+        if (!backedUp) DropBackup(G.FilePath);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
         Shell().SetBusy(false);

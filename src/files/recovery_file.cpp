@@ -1,6 +1,7 @@
 #include "files/recovery_file.h"
 
 #include "files/field_reader.h"
+#include "files/safe_file.h"
 #include "model/number_text.h"
 #include "model/ports.h"
 
@@ -16,10 +17,34 @@ void RecoveryFailure(const char* stage, int number, const std::string& text,
            Buttons::kOK, Icon::kExclamation);
 }
 
+std::string ReadRecoveryText() {
+    return Files().ReadAll(RF.RecoveryFile, kRecoveryReadLimit);
+}
+
+bool HoldsRecoveryRecord(std::string_view data) {
+    FieldReader in(data);
+    while (!in.AtEnd())
+        if (in.Next() == kRecoveryTag) return true;
+    return false;
+}
+
+namespace {
+
+// Whether the log may add to or rewrite the recovery file: it is missing, empty, or holds a
+// record of the log. Anything else belongs to someone else and is left as it is.
+void CheckRecoveryFile() {
+    if (Files().Kind(RF.RecoveryFile) == FileKind::kMissing) return;
+    const std::string data = ReadRecoveryText();
+    if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
+}
+
+}  // namespace
+
 void TestRecoveryFile() {
     if (!RF.RecoveryFlag) return;
     CloseRecoveryChannel();
     try {
+        CheckRecoveryFile();
         Files().Append(RF.RecoveryFile, {});
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
@@ -32,6 +57,7 @@ void LogTransaction(const std::vector<RecoveryRow>& rows) {
     try {
         std::string out;
         for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
+        CheckRecoveryFile();
         Files().Append(RF.RecoveryFile, out);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
@@ -80,29 +106,33 @@ void AppendRecoveryLine(std::string& out, const RecoveryRow& row, std::int16_t f
 }
 
 void ReadRecoveryRest(FieldReader& in, RecoveryRow& row) {
-    row.Action = in.ReadText();
-    row.TicketNbr = in.ReadInt32();
-    row.Race = in.ReadInt16();
-    row.Bettor = in.ReadInt16();
-    row.Collected = in.ReadCurrency();
-    row.Distributed = in.ReadCurrency();
-    row.OldCost = in.ReadCurrency();
-    row.Winnings = in.ReadCurrency();
-    row.BetAmt = in.ReadCurrency();
-    row.BetType = in.ReadInt16();
-    row.Boxed = in.ReadFlag();
-    row.BetCost = in.ReadCurrency();
-    row.PriorWinnings = in.ReadCurrency();
-    row.WinningsWhole = in.ReadInt16();
-    row.OrigBetIdx = in.ReadInt32();
-    for (int k = 1; k <= 6; ++k) row.Pick(k) = in.ReadInt16();
+    in.ReadText(row.Action);
+    {
+        FieldCursor f(in);
+        row.TicketNbr = f.Int32Field();
+        row.Race = f.Int16Field();
+        row.Bettor = f.Int16Field();
+        row.Collected = f.Money();
+        row.Distributed = f.Money();
+        row.OldCost = f.Money();
+        row.Winnings = f.Money();
+        row.BetAmt = f.Money();
+        row.BetType = f.Int16Field();
+        row.Boxed = f.TrueFalse();
+        row.BetCost = f.Money();
+        row.PriorWinnings = f.Money();
+        row.WinningsWhole = f.Int16Field();
+        row.OrigBetIdx = f.Int32Field();
+        for (int k = 1; k <= 6; ++k) row.Pick(k) = f.Int16Field();
+    }
     if (!in.AtEnd()) in.Next();  // the empty field after the trailing comma
 }
 
 void ClearOldRecovery(std::int16_t days) {
     CloseRecoveryChannel();
     try {
-        std::string data = Files().ReadAll(RF.RecoveryFile);
+        const std::string data = ReadRecoveryText();
+        if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
         FieldReader in(data);
         std::vector<RecoveryRow> rows;
         const double now = Clock().Now().Serial();
@@ -125,7 +155,7 @@ void ClearOldRecovery(std::int16_t days) {
         }
         std::string out;
         for (const RecoveryRow& row : rows) AppendRecoveryLine(out, row, RF.FileId);
-        Files().WriteAll(RF.RecoveryFile, out);
+        ReplaceFileContents(RF.RecoveryFile, out);
     } catch (const std::exception& e) {
         AppError err = ToAppError(e);
         RecoveryFailure("processing", err.Number(), err.Text(), err.Source());

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/race_file.h"
@@ -14,6 +15,9 @@ class FieldReader;
 
 inline constexpr const char* kRecoveryTag = "%TTRecv`";
 inline constexpr const char* kRecoveryVersion = "2.0";
+// A recovery file larger than this is not read: out of memory, through the recovery file's
+// error path.
+inline constexpr std::uint64_t kRecoveryReadLimit = 256ull << 20;
 
 // One line of the recovery file.
 struct RecoveryRow {
@@ -46,19 +50,29 @@ void ReadRecoveryRest(FieldReader& in, RecoveryRow& row);
 void RecoveryFailure(const char* stage, int number, const std::string& text,
                      const std::string& source);
 
+// The whole recovery file named by the card, at most kRecoveryReadLimit bytes; only a regular
+// file is read.
+std::string ReadRecoveryText();
+// Whether the text holds a record of the log (a "%TTRecv`" field). A file that is not empty
+// and holds none is someone else's: the log neither adds to it nor rewrites it (rewrite a
+// recovery file with ReplaceFileContents of files/safe_file.h).
+bool HoldsRecoveryRecord(std::string_view data);
+
 // The file is never held open between operations; closing the channel is a no-op kept for
 // the places that close it.
 inline void CloseRecoveryChannel() {}
 
 // With RecoveryFlag on, opens the recovery file for append and closes it again, turning the
-// log off with a message when that fails.
+// log off with a message when that fails or the file is not the log's.
 void TestRecoveryFile();
 
 // Appends the lines of a closed transaction, one a bet, stamped with the open file's identity;
-// a failure turns the log off with a message, and the transaction stands.
+// a failure, or a file that is not the log's, turns the log off with a message, and the
+// transaction stands.
 void LogTransaction(const std::vector<RecoveryRow>& rows);
 
-// Drops the records of the open file older than the given number of days.
+// Drops the records of the open file older than the given number of days, rewriting the file
+// atomically; a file that is not the log's is left as it is and the log turned off.
 void ClearOldRecovery(std::int16_t days);
 
 }  // namespace tt

@@ -34,6 +34,8 @@ std::string ErrorText(int number) {
             return "Input past end of file";
         case kErrPermissionDenied:
             return "Permission denied";
+        case kErrRenameAcrossDrives:
+            return "Can't rename with different drive";
         case kErrPathFileAccess:
             return "Path/File access error";
         case kErrPathNotFound:

@@ -23,6 +23,7 @@ enum ErrorNumber : int {
     kErrDiskFull = 61,
     kErrInputPastEnd = 62,
     kErrPermissionDenied = 70,
+    kErrRenameAcrossDrives = 74,
     kErrPathFileAccess = 75,
     kErrPathNotFound = 76,
     kErrNoActiveChild = 91,

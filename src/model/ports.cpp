@@ -2,6 +2,11 @@
 
 #include <QCoreApplication>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
@@ -27,77 +32,228 @@ int ErrorFromErrno(int e, bool opening) {
         case ENOSPC:
         case EDQUOT:
             return kErrDiskFull;
+        case EXDEV:
+            return kErrRenameAcrossDrives;
         case EISDIR:
         case EROFS:
         case EBUSY:
+        case ENXIO:
+        case ELOOP:
+        case ETXTBSY:
             return kErrPathFileAccess;
         case ENAMETOOLONG:
             return kErrBadFileNameOrNumber;
         case ENOMEM:
+        case EFBIG:
             return kErrOutOfMemory;
         default:
             return kErrDeviceIO;
     }
 }
 
+[[noreturn]] void Fail(int e, bool opening = false) {
+    throw AppError(ErrorFromErrno(e, opening));
+}
+
+// A descriptor closed when it goes.
+class Fd {
+  public:
+    explicit Fd(int fd) : fd_(fd) {}
+    ~Fd() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    Fd(const Fd&) = delete;
+    Fd& operator=(const Fd&) = delete;
+    int get() const { return fd_; }
+    // Closes now, reporting a failure of the close (a delayed write error on some disks).
+    void Close() {
+        int fd = fd_;
+        fd_ = -1;
+        if (::close(fd) != 0 && errno != EINTR) Fail(errno);
+    }
+
+  private:
+    int fd_;
+};
+
+std::string FolderOf(const std::string& path) {
+    std::size_t slash = path.rfind('/');
+    if (slash == std::string::npos) return ".";
+    if (slash == 0) return "/";
+    return path.substr(0, slash);
+}
+
+// Opens a path only when it is a regular file (or missing, where creating is allowed): a
+// pipe would block the open, a device could answer anything.
+int OpenRegular(const std::string& path, int flags) {
+    struct stat st {};
+    if (::stat(path.c_str(), &st) == 0) {
+        if (!S_ISREG(st.st_mode)) throw AppError(kErrPathFileAccess);
+    } else if (errno != ENOENT || !(flags & O_CREAT)) {
+        Fail(errno, true);
+    }
+    int fd;
+    do fd = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
+    while (fd < 0 && errno == EINTR);
+    if (fd < 0) Fail(errno, true);
+    if (::fstat(fd, &st) != 0 || !S_ISREG(st.st_mode)) {
+        ::close(fd);
+        throw AppError(kErrPathFileAccess);
+    }
+    // Back to blocking reads and writes.
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    return fd;
+}
+
+void WriteFully(int fd, std::string_view data) {
+    const char* p = data.data();
+    std::size_t left = data.size();
+    while (left > 0) {
+        ssize_t n = ::write(fd, p, std::min<std::size_t>(left, std::size_t{1} << 30));
+        if (n < 0) {
+            if (errno == EINTR) continue;
+            Fail(errno);
+        }
+        if (n == 0) Fail(ENOSPC);
+        p += n;
+        left -= static_cast<std::size_t>(n);
+    }
+}
+
+// Six characters for the name of a temporary.
+std::string NameSuffix() {
+    static std::mt19937_64 gen{
+        std::random_device{}() ^ static_cast<std::uint64_t>(::getpid()) << 20 ^
+        static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count())};
+    static const char kChars[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
+    std::string s = ".";
+    for (int i = 0; i < 6; ++i) s += kChars[gen() % (sizeof kChars - 1)];
+    return s + ".tmp";
+}
+
 class RealFileSystem : public FileSystemPort {
   public:
-    std::string ReadAll(const std::string& path) override {
-        std::FILE* f = std::fopen(path.c_str(), "rb");
-        if (!f) throw AppError(ErrorFromErrno(errno, true));
+    explicit RealFileSystem(bool flush) : flush_(flush) {}
+
+    std::string ReadAll(const std::string& path, std::uint64_t limit) override {
+        Fd fd(OpenRegular(path, O_RDONLY));
+        struct stat st {};
+        if (::fstat(fd.get(), &st) != 0) Fail(errno);
+        if (static_cast<std::uint64_t>(st.st_size) > limit) throw AppError(kErrOutOfMemory);
         std::string data;
-        if (std::fseek(f, 0, SEEK_END) == 0) {
-            long size = std::ftell(f);
-            if (size > 0) data.reserve(static_cast<std::size_t>(size));
-            std::fseek(f, 0, SEEK_SET);
-        }
+        data.reserve(static_cast<std::size_t>(st.st_size));
         char buf[1 << 16];
-        std::size_t n;
-        while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) data.append(buf, n);
-        bool failed = std::ferror(f);
-        int err = errno;
-        std::fclose(f);
-        if (failed) throw AppError(ErrorFromErrno(err, false));
+        for (;;) {
+            ssize_t n = ::read(fd.get(), buf, sizeof buf);
+            if (n < 0) {
+                if (errno == EINTR) continue;
+                Fail(errno);
+            }
+            if (n == 0) break;
+            // A file that grows while it is read stops at the limit all the same.
+            if (data.size() + static_cast<std::size_t>(n) > limit) throw AppError(kErrOutOfMemory);
+            data.append(buf, static_cast<std::size_t>(n));
+        }
         return data;
     }
 
-    void WriteAll(const std::string& path, std::string_view data) override {
-        Write(path, data, "wb");
+    void Append(const std::string& path, std::string_view data) override {
+        Fd fd(OpenRegular(path, O_WRONLY | O_APPEND | O_CREAT));
+        WriteFully(fd.get(), data);
+        if (flush_ && !data.empty() && ::fsync(fd.get()) != 0) Fail(errno);
+        fd.Close();
     }
 
-    void Append(const std::string& path, std::string_view data) override {
-        Write(path, data, "ab");
+    FileKind Kind(const std::string& path) override {
+        struct stat st {};
+        if (::stat(path.c_str(), &st) != 0) {
+            if (errno == ENOENT) return FileKind::kMissing;
+            Fail(errno, true);
+        }
+        return S_ISREG(st.st_mode) ? FileKind::kRegular : FileKind::kOther;
+    }
+
+    std::string Target(const std::string& path) override {
+        std::string p = path;
+        // A chain of links, followed a step at a time, as far as the system itself would.
+        for (int hops = 0; hops < 40; ++hops) {
+            struct stat st {};
+            if (::lstat(p.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return p;
+            std::string link(static_cast<std::size_t>(st.st_size > 0 ? st.st_size : 4096), '\0');
+            ssize_t n = ::readlink(p.c_str(), link.data(), link.size());
+            if (n < 0) Fail(errno);
+            link.resize(static_cast<std::size_t>(n));
+            p = link.starts_with('/') ? link : FolderOf(p) + "/" + link;
+        }
+        throw AppError(kErrPathFileAccess);
+    }
+
+    std::string CreateTemporary(const std::string& beside) override {
+        for (int tries = 0;; ++tries) {
+            std::string name = beside + NameSuffix();
+            int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+            if (fd >= 0) {
+                ::close(fd);
+                return name;
+            }
+            if (errno != EEXIST || tries >= 100) Fail(errno, true);
+        }
+    }
+
+    void WriteDurably(const std::string& temporary, std::string_view data,
+                      const std::string& model) override {
+        Fd fd(OpenRegular(temporary, O_WRONLY | O_TRUNC | O_NOFOLLOW));
+        WriteFully(fd.get(), data);
+        struct stat st {};
+        if (::stat(model.c_str(), &st) == 0 && S_ISREG(st.st_mode) &&
+            ::fchmod(fd.get(), st.st_mode & 07777) != 0)
+            Fail(errno);
+        if (flush_ && ::fsync(fd.get()) != 0) Fail(errno);
+        fd.Close();
+    }
+
+    std::string LinkTemporary(const std::string& from, const std::string& beside) override {
+        if (Kind(from) != FileKind::kRegular) throw AppError(kErrPathFileAccess);
+        for (int tries = 0;; ++tries) {
+            std::string name = beside + NameSuffix();
+            if (::link(from.c_str(), name.c_str()) == 0) return name;
+            if (errno != EEXIST || tries >= 100) Fail(errno);
+        }
     }
 
     void Rename(const std::string& from, const std::string& to) override {
+        if (Kind(from) == FileKind::kOther) throw AppError(kErrPathFileAccess);
+        if (Kind(to) == FileKind::kOther) throw AppError(kErrPathFileAccess);
         if (std::rename(from.c_str(), to.c_str()) != 0) {
             int e = errno;
             if (e == ENOENT) {
                 // The source missing is "file not found"; a missing target directory is not.
-                std::FILE* f = std::fopen(from.c_str(), "rb");
-                if (!f) throw AppError(kErrFileNotFound);
-                std::fclose(f);
+                if (Kind(from) == FileKind::kMissing) throw AppError(kErrFileNotFound);
                 throw AppError(kErrPathNotFound);
             }
-            throw AppError(ErrorFromErrno(e, false));
+            Fail(e);
         }
     }
 
     void Remove(const std::string& path) override {
-        if (std::remove(path.c_str()) != 0) throw AppError(ErrorFromErrno(errno, true));
+        struct stat st {};
+        if (::lstat(path.c_str(), &st) != 0) Fail(errno, true);
+        if (!S_ISREG(st.st_mode)) throw AppError(kErrPathFileAccess);
+        if (::unlink(path.c_str()) != 0) Fail(errno, true);
+    }
+
+    void SyncFolder(const std::string& path) override {
+        if (!flush_) return;
+        int fd = ::open(FolderOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (fd < 0) Fail(errno);
+        Fd closer(fd);
+        // Some file systems cannot flush a folder and say so; their renames are as durable as
+        // they get.
+        if (::fsync(fd) != 0 && errno != EINVAL && errno != EROFS) Fail(errno);
     }
 
   private:
-    static void Write(const std::string& path, std::string_view data, const char* mode) {
-        std::FILE* f = std::fopen(path.c_str(), mode);
-        if (!f) throw AppError(ErrorFromErrno(errno, true));
-        std::size_t done = data.empty() ? 0 : std::fwrite(data.data(), 1, data.size(), f);
-        int err = done == data.size() ? 0 : errno;
-        if (std::fflush(f) != 0 && err == 0) err = errno ? errno : EIO;
-        if (std::fclose(f) != 0 && err == 0) err = errno ? errno : EIO;
-        if (err != 0 || done != data.size())
-            throw AppError(ErrorFromErrno(err ? err : ENOSPC, false));
-    }
+    bool flush_;
 };
 
 class SystemClock : public ClockPort {
@@ -212,7 +368,7 @@ struct Defaults {
     MemorySettings settings;
     SystemClock clock;
     SystemRandom random;
-    RealFileSystem files;
+    RealFileSystem files{true};
     NoPrinter printer;
     NoShell shell;
 };
@@ -265,8 +421,8 @@ PortsScope::~PortsScope() {
     Installed() = saved_;
 }
 
-std::unique_ptr<FileSystemPort> MakeRealFileSystem() {
-    return std::make_unique<RealFileSystem>();
+std::unique_ptr<FileSystemPort> MakeRealFileSystem(bool flush) {
+    return std::make_unique<RealFileSystem>(flush);
 }
 std::unique_ptr<ClockPort> MakeSystemClock() {
     return std::make_unique<SystemClock>();

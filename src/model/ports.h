@@ -90,16 +90,42 @@ class RandomPort {
 
 // ---- Files --------------------------------------------------------------------------------
 
-// Whole-file operations; each raises the program's error (file not found, disk full, ...) on
-// failure.
+// What stands at a path, symbolic links followed.
+enum class FileKind { kMissing, kRegular, kOther };
+
+// No bound on the size of a file read.
+inline constexpr std::uint64_t kNoReadLimit = ~std::uint64_t{0};
+
+// The file operations of the program, each raising the program's error (file not found, disk
+// full, ...) on failure. Only regular files are ever read, written, linked or removed: a
+// folder, a pipe, a socket or a device gives the path/file access error before anything is
+// opened. Rewriting a file goes through temporaries beside it (see files/safe_file.h); nothing
+// here truncates a file that holds data.
 class FileSystemPort {
   public:
     virtual ~FileSystemPort() = default;
-    virtual std::string ReadAll(const std::string& path) = 0;
-    virtual void WriteAll(const std::string& path, std::string_view data) = 0;
+    // The whole of a regular file; one larger than limit bytes raises out of memory.
+    virtual std::string ReadAll(const std::string& path, std::uint64_t limit = kNoReadLimit) = 0;
+    // Adds to the end of a regular file, creating it when missing, and flushes it to disk.
     virtual void Append(const std::string& path, std::string_view data) = 0;
+    virtual FileKind Kind(const std::string& path) = 0;
+    // The file a path names once symbolic links are followed; the path itself otherwise.
+    virtual std::string Target(const std::string& path) = 0;
+    // Creates an empty file in the folder of `beside`, under a name that no file had, and
+    // returns that name.
+    virtual std::string CreateTemporary(const std::string& beside) = 0;
+    // Writes data into a file made by CreateTemporary, gives it the permission bits of `model`
+    // when that is a regular file, and flushes it to disk.
+    virtual void WriteDurably(const std::string& temporary, std::string_view data,
+                              const std::string& model) = 0;
+    // A second name for the regular file `from`, in the folder of `beside`, under a name that
+    // no file had (a hard link); returns that name.
+    virtual std::string LinkTemporary(const std::string& from, const std::string& beside) = 0;
+    // Renames a regular file, replacing a regular file at `to`.
     virtual void Rename(const std::string& from, const std::string& to) = 0;
     virtual void Remove(const std::string& path) = 0;
+    // Flushes the folder that holds path, so that the names changed in it last.
+    virtual void SyncFolder(const std::string& path) = 0;
 };
 
 // ---- The printer --------------------------------------------------------------------------
@@ -204,8 +230,8 @@ class PortsScope {
     Ports saved_;
 };
 
-// The real file system.
-std::unique_ptr<FileSystemPort> MakeRealFileSystem();
+// The real file system. Without `flush`, nothing waits for the disk (for measurements).
+std::unique_ptr<FileSystemPort> MakeRealFileSystem(bool flush = true);
 std::unique_ptr<ClockPort> MakeSystemClock();
 std::unique_ptr<RandomPort> MakeSystemRandom();
 // Settings kept in memory for as long as the port lives: nothing reaches the desktop's store.

@@ -130,10 +130,10 @@ struct RaceFile {
     Flag CollectZero;
 
     FixedArray<RaceRec, 0, 21> Race;
-    RaceTable<RacerRec> Racer;  // Racer(race, 0 .. MaxRacers + 1)
-    RaceTable<BetRec> Bet;      // Bet(race, 0 .. MaxBets + 1)
-    Table1<BettorRec> Bettor;   // Bettor(0 .. BettorCount + 1)
-    Table1<TicketRec> Ticket;   // Ticket(0 .. TicketCount + 1)
+    RaceTable<RacerRec> Racer;       // Racer(race, 0 .. MaxRacers + 1)
+    ZeroedRaceTable<BetRec> Bet;     // Bet(race, 0 .. MaxBets + 1)
+    Table1<BettorRec> Bettor;        // Bettor(0 .. BettorCount + 1)
+    ZeroedTable1<TicketRec> Ticket;  // Ticket(0 .. TicketCount + 1)
     PayoutTable Payout;
 
     Int16 MaxRacers;

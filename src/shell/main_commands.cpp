@@ -1,6 +1,7 @@
 #include "shell/main_commands.h"
 
 #include "files/file_commands.h"
+#include "files/import_bettors.h"
 #include "model/common.h"
 #include "model/error_path.h"
 #include "model/ports.h"
@@ -63,6 +64,17 @@ void mnuViewDisplayPayouts_Click() {
 
 void mnuToolsRestore_Click() {
     Shell().ShowForm("frmRestore", true);
+}
+
+void mnuToolsImportBettors_Click() {
+    FileDialogRequest req;
+    req.title = "Bring in Bettors from another File";
+    req.filter = kImportFilter;
+    req.initialName = ImportPath;
+    auto name = Dialogs().Open(req);
+    if (!name) return;
+    if (!name->empty()) ImportPath = *name;
+    ReadImportFile();
 }
 
 void mnuFilePrint_Click() {

@@ -12,6 +12,8 @@ void mnuViewListBets_Click();
 void mnuViewDisplayOdds_Click();
 void mnuViewDisplayPayouts_Click();
 void mnuToolsRestore_Click();
+// The file dialog at the last path of the session, then the bettors of the chosen file.
+void mnuToolsImportBettors_Click();
 void mnuFilePrint_Click();
 void mnuFilePrintToFile_Click();
 void mnuFilePageSetup_Click();

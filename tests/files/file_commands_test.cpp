@@ -244,8 +244,8 @@ TEST(Backup, AFirstSaveHasNothingToBackUpAndSaysNothing) {
     mnuFileSave_Click();
     EXPECT_TRUE(w.messages.shown.empty());
     EXPECT_EQ(w.files.log,
-              (std::vector<std::string>{"remove /c/new.bkp", "rename /c/new.tly /c/new.bkp",
-                                        "write /c/new.tly"}));
+              (std::vector<std::string>{"create /c/new.tly", "write /c/new.tly",
+                                        "rename /c/new.tly.tmp1 /c/new.tly", "remove /c/new.bkp"}));
     EXPECT_EQ(w.files.files.count("/c/new.bkp"), 0u);
     EXPECT_FALSE(G.FileChanged);
     EXPECT_EQ(w.settings.values["MRU0"], "/c/new.tly");
@@ -254,7 +254,9 @@ TEST(Backup, AFirstSaveHasNothingToBackUpAndSaysNothing) {
 TEST(Backup, AFailedBackupAnsweredCancelLeavesTheFileUntouched) {
     FakeWorld w;
     w.files.files["/c/derby.tly"] = "as saved";
-    w.files.failRename["/c/derby.tly"] = kErrPermissionDenied;
+    // Neither a link nor a copy can be made beside the backup.
+    w.files.failLink["/c/derby.tly"] = kErrRenameAcrossDrives;
+    w.files.failCreate["/c/derby.bkp"] = kErrPermissionDenied;
     RF.FileName = "Derby Day";
     G.FilePath = "/c/derby.tly";
     G.FileChanged = true;
@@ -268,6 +270,7 @@ TEST(Backup, AFailedBackupAnsweredCancelLeavesTheFileUntouched) {
     EXPECT_EQ(box.icon, Icon::kExclamation);
     EXPECT_EQ(box.defaultButton, 1);
     EXPECT_EQ(w.files.files["/c/derby.tly"], "as saved");
+    EXPECT_TRUE(w.files.Temporaries().empty());
     EXPECT_TRUE(G.CancelFlag);
     EXPECT_TRUE(G.FileChanged);
 

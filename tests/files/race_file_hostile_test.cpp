@@ -151,5 +151,95 @@ TEST(RaceFileHostile, HugeAndUnclosedTexts) {
     EXPECT_EQ(RF.Bettor(1).BettorName, "Ann, Bo\r\n3,4\r\n");
 }
 
+// ---- Inputs found by fuzzing and probing, kept in fuzz/regressions -----------------------
+
+std::string Regression(const std::string& name) {
+    return ReadSourceFile("fuzz/regressions/" + name);
+}
+
+TEST(RaceFileRegressions, AHugeTicketCountStoresNothing) {
+    FakeWorld world;
+    const std::size_t before = ResidentBytes();
+    LoadBytes(world, Regression("huge-ticket-count.tly"));
+    EXPECT_LT(ResidentBytes(), before + (16u << 20));  // 16 million tickets would take 800 MB
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(RF.TicketCount, 16777214);
+    EXPECT_EQ(RF.Ticket.UBound(), 16777215);
+    EXPECT_EQ(RF.Ticket(16777215).TicketNbr, 0);  // a slot never written reads empty
+}
+
+TEST(RaceFileRegressions, OneRaceWithManyBetsSizesOnlyThatRace) {
+    FakeWorld world;
+    LoadBytes(world, Regression("one-race-many-bets.tly"));
+    EXPECT_EQ(RF.Race(20).BetCount, 599);
+    EXPECT_EQ(RF.MaxBets, 599);
+    EXPECT_EQ(RF.Bet(20, 599).TicketIdx, 599);
+    EXPECT_EQ(RF.Bet(1, 599).BetType, 0);
+}
+
+TEST(RaceFileRegressions, TicketsFarApartLoadWhileTheyFitTheRoom) {
+    FakeWorld world;
+    // Small enough here to load; the reader stops the same kind of file with out of memory
+    // once its far-apart tickets have taken four times the file and 56 MB.
+    LoadBytes(world, Regression("tickets-far-apart.tly"));
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(RF.Ticket(26669).TicketBettor, 1);
+}
+
+TEST(RaceFileRegressions, ParmsAfterBetsLoadsButCannotBeSavedAndTheFileStays) {
+    FakeWorld world;
+    const std::string original = Regression("parms-after-bets.tly");
+    LoadBytes(world, original);
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(RF.Ticket.UBound(), 5);  // the second %Parms cut the table below tickets 7 and 9
+    G.FileChanged = true;
+    WriteRaceFile();
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{"Error saving file\n\r\nSubscript out of range"});
+    EXPECT_EQ(world.files.files, (std::map<std::string, std::string>{{kCardPath, original}}));
+    EXPECT_EQ(G.FileChanged, Flag(true));
+}
+
+TEST(RaceFileRegressions, ATranslatedCardWhoseLastRecordResetTheTicketCountSavesButWontReload) {
+    FakeWorld world;
+    world.messages.Answer(kOK);  // translate
+    LoadBytes(world, Regression("translated-ticket-count.tly"));
+    EXPECT_EQ(RF.TicketCount, 0);
+    EXPECT_EQ(RF.Ticket(2).TicketBettor, 1);
+    WriteRaceFile();
+    EXPECT_EQ(G.CancelFlag, Flag(false));
+    world.messages.Clear();
+    const std::string saved = world.files.files[kCardPath];
+    LoadBytes(world, saved);
+    EXPECT_EQ(world.messages.Texts(),
+              std::vector<std::string>{LoopError("%Bet   `", 26, "Subscript out of range")});
+}
+
+TEST(RaceFileRegressions, TextsSavedUncleanedChangeOnceMore) {
+    // RecoveryFile is written as it stands; a double quote in it ends the text when read back.
+    FakeWorld world;
+    LoadBytes(world, Regression("recovery-file-name-with-a-quote.tly"));
+    EXPECT_EQ(RF.RecoveryFile, "\x1f\"");
+    WriteRaceFile();
+    LoadBytes(world, world.files.files[kCardPath]);
+    EXPECT_EQ(RF.RecoveryFile, "\x1f");
+}
+
+TEST(RaceFileRegressions, ATicketZeroWithABettorComesToRestAtTheSecondSave) {
+    // A bet naming ticket 0 gives that ticket a bettor: every empty slot up to MaxBets is then
+    // written as one of that bettor's bets, and read back as a bet.
+    FakeWorld world;
+    LoadBytes(world, Regression("ticket-zero-with-a-bettor.tly"));
+    EXPECT_NE(RF.Ticket(0).TicketBettor, 0);
+    std::vector<std::string> saves;
+    for (int i = 0; i < 3; ++i) {
+        WriteRaceFile();
+        saves.push_back(world.files.files[kCardPath]);
+        LoadBytes(world, saves.back());
+    }
+    EXPECT_NE(saves[1], saves[0]);
+    EXPECT_EQ(saves[2], saves[1]);
+}
+
 }  // namespace
 }  // namespace tt::test

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <type_traits>
 
@@ -145,6 +146,58 @@ TEST(Tables, BadIndexIsError9AndOversizeIsError7) {
     EXPECT_EQ(ErrorOf([&] { p(22, 0, 0); }), kErrSubscript);
     EXPECT_EQ(ErrorOf([&] { p(0, 12, 0); }), kErrSubscript);
     EXPECT_EQ(ErrorOf([&] { p(0, 0, -1); }), kErrSubscript);
+}
+
+TEST(Tables, StorageFollowsUseAndSlotsStayPut) {
+    // Racers: in pages, made as they are written; a slot never moves while the bound stays.
+    RaceTable<std::int64_t> r;
+    r.ReDim(100000);
+    const RaceTable<std::int64_t>& read = r;
+    EXPECT_EQ(read(5, 99999), 0);
+    std::int64_t& first = r(3, 1);
+    first = 11;
+    for (std::int64_t n = 2; n <= 100000; ++n) r(3, n) = n;
+    EXPECT_EQ(&first, &r(3, 1));
+    EXPECT_EQ(first, 11);
+    // A shrink empties what it drops, so growing again shows empty slots.
+    r.ReDimPreserve(40);
+    r.ReDimPreserve(100);
+    EXPECT_EQ(r(3, 40), 40);
+    EXPECT_EQ(r(3, 41), 0);
+    RaceTable<std::int64_t> copy = r;
+    copy(3, 1) = 12;
+    EXPECT_EQ(r(3, 1), 11);
+
+    // Bets and tickets: in zeroed memory, where a bound far above use takes no memory.
+    const std::size_t before = ResidentBytes();
+    ZeroedTable1<std::int64_t> t;
+    t.ReDim(16777215);  // 128 MB of address space
+    const ZeroedTable1<std::int64_t>& tickets = t;
+    for (std::int64_t i = 1; i <= 16777215; i += 4096) EXPECT_EQ(tickets(i), 0);
+    t(16777215) = 5;
+    EXPECT_LT(ResidentBytes(), before + (8u << 20));
+    EXPECT_EQ(t(16777215), 5);
+    EXPECT_EQ(ErrorOf([&] { t(16777216); }), kErrSubscript);
+    t.ReDimPreserve(10);
+    t.ReDimPreserve(16777215);
+    EXPECT_EQ(t(16777215), 0);
+
+    ZeroedRaceTable<std::int64_t> bets;
+    bets.ReDim(2);
+    bets(21, 2) = 7;
+    for (std::int64_t ub = 3; ub <= 5000; ++ub) bets.ReDimPreserve(ub);  // one at a time
+    EXPECT_EQ(bets(21, 2), 7);
+    EXPECT_EQ(bets(0, 5000), 0);
+    EXPECT_EQ(ErrorOf([&] { bets(22, 0); }), kErrSubscript);
+    EXPECT_EQ(ErrorOf([&] { bets.ReDim(762600); }), kErrOutOfMemory);
+}
+
+// The records kept in zeroed memory are empty when all their bytes are zero.
+TEST(Tables, ZeroBytesAreAnEmptyBetAndTicket) {
+    const BetRec bet{};
+    const TicketRec ticket{};
+    EXPECT_EQ(std::memcmp(&bet, std::string(sizeof bet, '\0').data(), sizeof bet), 0);
+    EXPECT_EQ(std::memcmp(&ticket, std::string(sizeof ticket, '\0').data(), sizeof ticket), 0);
 }
 
 TEST(DateTimeStamp, ParsesWritesAndCountsDays) {

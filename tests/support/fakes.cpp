@@ -58,43 +58,104 @@ void MapSettings::Set(const std::string& key, const std::string& value) {
     writes.push_back(key);
 }
 
-std::string MemoryFiles::ReadAll(const std::string& path) {
-    log.push_back("read " + path);
-    if (auto it = failRead.find(path); it != failRead.end()) throw AppError(it->second);
-    auto it = files.find(path);
-    if (it == files.end()) throw AppError(kErrFileNotFound);
-    return it->second;
+void MemoryFiles::Check(const std::map<std::string, int>& failures, const std::string& path) const {
+    if (auto it = failures.find(path); it != failures.end()) throw AppError(it->second);
+    if (others.count(path)) throw AppError(kErrPathFileAccess);
 }
 
-void MemoryFiles::WriteAll(const std::string& path, std::string_view data) {
-    log.push_back("write " + path);
-    if (auto it = failWrite.find(path); it != failWrite.end()) throw AppError(it->second);
-    if (writeLimit && data.size() > *writeLimit) {
-        files[path] = std::string(data.substr(0, *writeLimit));
-        throw AppError(kErrDiskFull);
-    }
-    files[path] = std::string(data);
+std::vector<std::string> MemoryFiles::Temporaries() const {
+    std::vector<std::string> t;
+    for (const auto& [name, beside] : besides_)
+        if (files.count(name)) t.push_back(name);
+    return t;
+}
+
+std::string MemoryFiles::ReadAll(const std::string& path, std::uint64_t limit) {
+    log.push_back("read " + path);
+    Check(failRead, path);
+    auto it = files.find(path);
+    if (it == files.end()) throw AppError(kErrFileNotFound);
+    if (it->second.size() > limit) throw AppError(kErrOutOfMemory);
+    return it->second;
 }
 
 void MemoryFiles::Append(const std::string& path, std::string_view data) {
     log.push_back("append " + path);
-    if (auto it = failWrite.find(path); it != failWrite.end()) throw AppError(it->second);
+    Check(failWrite, path);
     files[path].append(data);
+}
+
+FileKind MemoryFiles::Kind(const std::string& path) {
+    if (others.count(path)) return FileKind::kOther;
+    return files.count(path) ? FileKind::kRegular : FileKind::kMissing;
+}
+
+std::string MemoryFiles::NewName(const std::string& beside) {
+    std::string name = beside + ".tmp" + std::to_string(++made_);
+    besides_[name] = beside;
+    return name;
+}
+
+std::string MemoryFiles::CreateTemporary(const std::string& beside) {
+    log.push_back("create " + beside);
+    if (auto it = failCreate.find(beside); it != failCreate.end()) throw AppError(it->second);
+    std::string name = NewName(beside);
+    files[name];
+    return name;
+}
+
+void MemoryFiles::WriteDurably(const std::string& temporary, std::string_view data,
+                               const std::string& model) {
+    const std::string beside = besides_.count(temporary) ? besides_[temporary] : temporary;
+    log.push_back("write " + beside);
+    if (auto it = failWrite.find(beside); it != failWrite.end()) throw AppError(it->second);
+    if (writeLimit && data.size() > *writeLimit) {
+        files[temporary] = std::string(data.substr(0, *writeLimit));
+        throw AppError(kErrDiskFull);
+    }
+    files[temporary] = std::string(data);
+    if (auto it = permissions.find(model); it != permissions.end() && files.count(model))
+        permissions[temporary] = it->second;
+    if (auto it = failSync.find(beside); it != failSync.end()) throw AppError(it->second);
+}
+
+std::string MemoryFiles::LinkTemporary(const std::string& from, const std::string& beside) {
+    Check(failLink, from);
+    auto it = files.find(from);
+    if (it == files.end()) throw AppError(kErrFileNotFound);
+    std::string name = NewName(beside);
+    log.push_back("link " + from + " " + name);
+    files[name] = it->second;
+    if (auto p = permissions.find(from); p != permissions.end()) permissions[name] = p->second;
+    return name;
 }
 
 void MemoryFiles::Rename(const std::string& from, const std::string& to) {
     log.push_back("rename " + from + " " + to);
-    if (auto it = failRename.find(from); it != failRename.end()) throw AppError(it->second);
+    Check(failRename, from);
+    Check(failRename, to);
     auto it = files.find(from);
     if (it == files.end()) throw AppError(kErrFileNotFound);
     files[to] = std::move(it->second);
     files.erase(from);
+    if (auto p = permissions.find(from); p != permissions.end()) {
+        permissions[to] = p->second;
+        permissions.erase(p);
+    } else {
+        permissions.erase(to);
+    }
 }
 
 void MemoryFiles::Remove(const std::string& path) {
     log.push_back("remove " + path);
-    if (auto it = failRemove.find(path); it != failRemove.end()) throw AppError(it->second);
+    Check(failRemove, path);
     if (files.erase(path) == 0) throw AppError(kErrFileNotFound);
+    permissions.erase(path);
+}
+
+void MemoryFiles::SyncFolder(const std::string&) {
+    ++folderSyncs;
+    if (failFolderSync) throw AppError(*failFolderSync);
 }
 
 void RecordingShell::CloseChildWindows() {

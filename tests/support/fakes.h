@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -74,20 +75,47 @@ class FixedRandom : public RandomPort {
     double Rnd() override { return values[next++ % values.size()]; }
 };
 
-// Files held in memory. A path can be made to fail on read, write, rename or remove with a
-// given error number; a write can be cut short after a number of bytes.
+// Files held in memory, with faults to order. A path can be made to fail on read, on the
+// writing of its new text, on the flush of that text, on a link or a rename, on the creation
+// of a temporary beside it, or on removal, with a given error number; the disk can fill up
+// after a number of bytes; any path can hold something that is not a regular file.
+//
+// The log names each step: "read P", "append P", "create T" (a temporary beside P),
+// "write P" (the new text for P into its temporary), "link P T", "rename A B", "remove P".
 class MemoryFiles : public FileSystemPort {
   public:
     std::map<std::string, std::string> files;
-    std::map<std::string, int> failRead, failWrite, failRename, failRemove;
-    std::optional<std::size_t> writeLimit;  // bytes written before a full disk
-    std::vector<std::string> log;           // "read a", "write a", "rename a b", "remove a"
+    std::set<std::string> others;                    // folders, pipes, sockets, devices
+    std::map<std::string, std::string> permissions;  // the mode of a file, as text
+    // By the path a step works on: the file read, appended to, linked, renamed (either name)
+    // or removed; for create, write and flush, the file whose temporary it is.
+    std::map<std::string, int> failRead, failWrite, failSync, failCreate, failLink, failRename,
+        failRemove;
+    std::optional<std::size_t> writeLimit;  // bytes written before the disk is full
+    std::optional<int> failFolderSync;
+    std::vector<std::string> log;
+    int folderSyncs = 0;
 
-    std::string ReadAll(const std::string& path) override;
-    void WriteAll(const std::string& path, std::string_view data) override;
+    // The temporaries still on the disk.
+    std::vector<std::string> Temporaries() const;
+
+    std::string ReadAll(const std::string& path, std::uint64_t limit) override;
     void Append(const std::string& path, std::string_view data) override;
+    FileKind Kind(const std::string& path) override;
+    std::string Target(const std::string& path) override { return path; }
+    std::string CreateTemporary(const std::string& beside) override;
+    void WriteDurably(const std::string& temporary, std::string_view data,
+                      const std::string& model) override;
+    std::string LinkTemporary(const std::string& from, const std::string& beside) override;
     void Rename(const std::string& from, const std::string& to) override;
     void Remove(const std::string& path) override;
+    void SyncFolder(const std::string& path) override;
+
+  private:
+    void Check(const std::map<std::string, int>& failures, const std::string& path) const;
+    std::string NewName(const std::string& beside);
+    std::map<std::string, std::string> besides_;  // temporary -> the file it stands beside
+    int made_ = 0;
 };
 
 class RecordingPrinter : public PrinterPort {

@@ -224,7 +224,7 @@ void frmMain::BuildMenus() {
     tools->setObjectName("mnuTools");
     AddAction(
         tools, "mnuToolsImportBettors", "&Bring in Bettors from another File",
-        [] { Shell().ShowForm("frmImportBettors", true); }, 1, "frmImportBettors");
+        [] { mnuToolsImportBettors_Click(); }, 1, "frmImportBettors");
     AddAction(tools, "mnuToolsRaceCardFile", "&Create Race Card File", [] {})->setVisible(false);
     AddAction(tools, "mnuToolsImportRaces", "&Import Races and Bets", [] {})->setVisible(false);
     AddAction(tools, "mnuToolsResetMax", "Reset &Max Races, Bets per Ticket", [] {
