@@ -104,6 +104,8 @@ class PlaceBetsLogic : public FormState {
     static Int16 LastPickType, LastPickRace, LastPickCount;
 
   private:
+    // The name of pick list i, as focus and the window know it: "comPick(i)".
+    static std::string PickControl(int i);
     // The amount box's text set by the window; a change runs txtBetAmt_Change.
     void SetAmountText(const std::string& text);
     void SetBoxed(int value);

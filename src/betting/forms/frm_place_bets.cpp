@@ -319,20 +319,7 @@ void frmPlaceBets::showEvent(QShowEvent* event) {
 }
 
 bool frmPlaceBets::KeyPress(QObject* watched, QKeyEvent* e) {
-    if (e->key() == Qt::Key_Escape) {
-        reject();
-        return true;
-    }
-    // Tab moves the focus as it always does.
-    if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab) return false;
-    bool handled = false;
-    Guard(this, false, [&] {
-        handled = logic.Form_KeyDown(KeyCodeOf(e), ShiftOf(e), S(watched->objectName()));
-    });
-    if (handled) {
-        Refresh();
-        return true;
-    }
+    if (const auto taken = TicketWindowKeyDown(this, watched, e)) return *taken;
     const bool enter = IsEnterKey(e);
     if (enter && !e->isAutoRepeat()) {
         enter_.Pressed(watched);

@@ -233,20 +233,7 @@ void frmTicketHeader::showEvent(QShowEvent* event) {
 }
 
 bool frmTicketHeader::KeyPress(QObject* watched, QKeyEvent* e) {
-    if (e->key() == Qt::Key_Escape) {
-        reject();
-        return true;
-    }
-    // Tab moves the focus as it always does.
-    if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab) return false;
-    bool handled = false;
-    Guard(this, false, [&] {
-        handled = logic.Form_KeyDown(KeyCodeOf(e), ShiftOf(e), S(watched->objectName()));
-    });
-    if (handled) {
-        Refresh();
-        return true;
-    }
+    if (const auto taken = TicketWindowKeyDown(this, watched, e)) return *taken;
     if (IsEnterKey(e) && !e->isAutoRepeat()) {
         enter_.Pressed(watched);
         // A new key: whatever box the last one closed, it is gone.

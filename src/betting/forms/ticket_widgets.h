@@ -2,16 +2,19 @@
 // What the ticket windows share over Qt: keys as the window logic reads them, combo boxes that
 // take typed text shown from their state, and the focus and text selection the logic asks for.
 
+#include <QDialog>
+#include <QKeyEvent>
 #include <QObject>
+#include <optional>
 #include <set>
 #include <string>
 
 #include "betting/combo_state.h"
 #include "model/form_state.h"
 #include "model/grid_data.h"
+#include "shell/forms/gui_support.h"
 
 class QComboBox;
-class QKeyEvent;
 class QTableView;
 class QWidget;
 
@@ -25,6 +28,25 @@ int ShiftOf(const QKeyEvent* e);
 // The character a key press types, as a key press handler takes it; 0 for none.
 int CharCodeOf(const QKeyEvent* e);
 bool IsEnterKey(const QKeyEvent* e);
+
+// The first steps of a key pressed in a ticket window: Esc closes it, Tab and Shift+Tab move the
+// focus as always, and the window's Form_KeyDown has its say, the window refreshed when it takes
+// the key. Whether the key was taken; nullopt when the window goes on with it.
+template <class Window>
+std::optional<bool> TicketWindowKeyDown(Window* window, QObject* watched, QKeyEvent* e) {
+    if (e->key() == Qt::Key_Escape) {
+        window->reject();
+        return true;
+    }
+    if (e->key() == Qt::Key_Tab || e->key() == Qt::Key_Backtab) return false;
+    bool handled = false;
+    Guard(window, false, [&] {
+        handled = window->logic.Form_KeyDown(KeyCodeOf(e), ShiftOf(e), S(watched->objectName()));
+    });
+    if (!handled) return std::nullopt;
+    window->Refresh();
+    return true;
+}
 
 // Shows a combo box's state. The list is filled again only when its entries changed, so that
 // what is being typed stays where it is.
