@@ -54,19 +54,6 @@ int BetTypeOfKey(int key) {
     }
 }
 
-bool EqualNoCase(std::string_view a, std::string_view b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) ==
-                      std::tolower(static_cast<unsigned char>(y));
-           });
-}
-
-std::string Trim(const std::string& s) {
-    const std::size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos) return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 }  // namespace
 
 // ---- The bet area's own events --------------------------------------------------------------
@@ -131,7 +118,7 @@ bool PlaceBetsLogic::comPick_LostFocus(int i) {
             if (static_cast<double>(box.list.ItemData(k)) == typed) found = k;
     } else {
         for (int k = 0; k < box.list.ListCount() && found < 0; ++k) {
-            const std::string entry = Trim(box.list.List(k));
+            const std::string entry = TrimBlanks(box.list.List(k));
             if (EqualNoCase(std::string_view(entry).substr(0, box.text.size()), box.text))
                 found = k;
         }

@@ -38,27 +38,6 @@ int NextOpenRace(int from) {
     return 0;
 }
 
-// The order of a sorted list, which takes no account of case.
-bool LessNoCase(const std::string& a, const std::string& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) <
-               std::tolower(static_cast<unsigned char>(y));
-    });
-}
-
-bool EqualNoCase(const std::string& a, const std::string& b) {
-    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
-               return std::tolower(static_cast<unsigned char>(x)) ==
-                      std::tolower(static_cast<unsigned char>(y));
-           });
-}
-
-std::string Trim(const std::string& s) {
-    const std::size_t b = s.find_first_not_of(' ');
-    if (b == std::string::npos) return {};
-    return s.substr(b, s.find_last_not_of(' ') - b + 1);
-}
-
 // What is still due in on a ticket; below 0 it is owed to the bettor.
 Currency Net(const TicketRec& t) {
     return t.TicketCost - t.Collected + t.Distributed - t.Winnings;
@@ -280,7 +259,7 @@ void TicketHeaderLogic::comRaceName_LostFocus() {
         const double typed = Val(comRaceName.text);
         for (int i = 0; i < comRaceName.list.ListCount(); ++i)
             if (static_cast<double>(comRaceName.list.ItemData(i)) == typed &&
-                !Trim(comRaceName.text).empty()) {
+                !TrimBlanks(comRaceName.text).empty()) {
                 comRaceName.Select(i);
                 break;
             }
@@ -569,7 +548,7 @@ void TicketHeaderLogic::cmdEdit_Click() {
 
     // A typed number goes before a range of rows.
     const bool several = flxBets.Row() != flxBets.RowSel() && G.CurrentTicket == 0 &&
-                         Trim(txtTicketNbr.text).empty();
+                         TrimBlanks(txtTicketNbr.text).empty();
     if (several)
         CashSeveralTickets();
     else

@@ -28,12 +28,6 @@ std::string LeftChars(std::string_view s, std::size_t count) {
     return std::string(s);
 }
 
-std::string TrimBlanks(std::string_view s) {
-    std::size_t b = s.find_first_not_of(' ');
-    if (b == std::string_view::npos) return {};
-    return std::string(s.substr(b, s.find_last_not_of(' ') - b + 1));
-}
-
 // One printed line built item by item. A tab to column c (from 1) pads with blanks so that the
 // item starts at c; when the line already reaches c the item follows after one blank. An item
 // with no text prints nothing, so that it leaves no trailing blanks.

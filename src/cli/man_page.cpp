@@ -5,6 +5,7 @@
 
 #include "cli/command.h"
 #include "cli/companion.h"
+#include "model/common.h"
 #include "shell/command_line.h"
 
 namespace tt::cli {
@@ -51,12 +52,6 @@ std::size_t Indent(const std::string& line) {
     return i == std::string::npos ? line.size() : i;
 }
 
-std::string Trim(const std::string& s) {
-    std::size_t a = s.find_first_not_of(' ');
-    if (a == std::string::npos) return {};
-    return s.substr(a, s.find_last_not_of(' ') - a + 1);
-}
-
 }  // namespace
 
 std::string RoffOfHelp(const std::string& help) {
@@ -66,9 +61,10 @@ std::string RoffOfHelp(const std::string& help) {
     // The usage lines, kept as they stand.
     if (i < lines.size() && lines[i].rfind("usage: ", 0) == 0) {
         out << ".nf\n";
-        while (i < lines.size() && !Trim(lines[i]).empty() &&
+        while (i < lines.size() && !TrimBlanks(lines[i]).empty() &&
                (lines[i].rfind("usage: ", 0) == 0 || Indent(lines[i]) > 0)) {
-            std::string l = lines[i].rfind("usage: ", 0) == 0 ? lines[i].substr(7) : Trim(lines[i]);
+            std::string l =
+                lines[i].rfind("usage: ", 0) == 0 ? lines[i].substr(7) : TrimBlanks(lines[i]);
             out << "\\fB" << Escape(l) << "\\fR\n";
             ++i;
         }
@@ -77,26 +73,27 @@ std::string RoffOfHelp(const std::string& help) {
     bool inParagraph = false;
     while (i < lines.size()) {
         const std::string& line = lines[i];
-        if (Trim(line).empty()) {
+        if (TrimBlanks(line).empty()) {
             inParagraph = false;
             ++i;
             continue;
         }
         const bool title = Indent(line) == 0 && line.back() == ':' && i + 1 < lines.size() &&
-                           Indent(lines[i + 1]) == 2 && !Trim(lines[i + 1]).empty();
+                           Indent(lines[i + 1]) == 2 && !TrimBlanks(lines[i + 1]).empty();
         if (title) {
             // "Options:" and its rows: a label two blanks in, its description after two blanks
             // more or on the lines below, deeper in.
             out << ".PP\n\\fB" << Escape(line) << "\\fR\n";
             ++i;
-            while (i < lines.size() && Indent(lines[i]) == 2 && !Trim(lines[i]).empty()) {
+            while (i < lines.size() && Indent(lines[i]) == 2 && !TrimBlanks(lines[i]).empty()) {
                 const std::string row = lines[i].substr(2);
                 const std::size_t gap = row.find("  ");
                 std::string label = gap == std::string::npos ? row : row.substr(0, gap);
-                std::string description = gap == std::string::npos ? "" : Trim(row.substr(gap));
+                std::string description =
+                    gap == std::string::npos ? "" : TrimBlanks(row.substr(gap));
                 ++i;
-                while (i < lines.size() && Indent(lines[i]) > 2 && !Trim(lines[i]).empty()) {
-                    description += (description.empty() ? "" : " ") + Trim(lines[i]);
+                while (i < lines.size() && Indent(lines[i]) > 2 && !TrimBlanks(lines[i]).empty()) {
+                    description += (description.empty() ? "" : " ") + TrimBlanks(lines[i]);
                     ++i;
                 }
                 out << ".TP\n.B " << Quoted(label) << "\n" << Escape(description) << "\n";
@@ -106,7 +103,7 @@ std::string RoffOfHelp(const std::string& help) {
         }
         if (!inParagraph) out << ".PP\n";
         inParagraph = true;
-        out << Escape(Trim(line)) << "\n";
+        out << Escape(TrimBlanks(line)) << "\n";
         ++i;
     }
     return out.str();

@@ -1,6 +1,7 @@
 #include "model/common.h"
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <cmath>
 #include <thread>
@@ -9,6 +10,28 @@
 #include "model/race_file.h"
 
 namespace tt {
+
+std::string TrimBlanks(std::string_view text) {
+    const std::size_t b = text.find_first_not_of(' ');
+    if (b == std::string_view::npos) return {};
+    return std::string(text.substr(b, text.find_last_not_of(' ') - b + 1));
+}
+
+namespace {
+int Lower(char c) {
+    return std::tolower(static_cast<unsigned char>(c));
+}
+}  // namespace
+
+bool EqualNoCase(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
+                                              [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+bool LessNoCase(std::string_view a, std::string_view b) {
+    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                        [](char x, char y) { return Lower(x) < Lower(y); });
+}
 
 double RoundPlaces(double value, std::int16_t places) {
     if (places >= 0) {
@@ -153,9 +176,7 @@ std::pair<std::string, std::string> OddsToFraction(double odds) {
 
 std::string PadNumber(const std::string& text, std::int16_t& width) {
     if (width > 12) width = 12;
-    std::size_t b = text.find_first_not_of(' ');
-    std::string t =
-        b == std::string::npos ? std::string() : text.substr(b, text.find_last_not_of(' ') - b + 1);
+    const std::string t = TrimBlanks(text);
     int i = 1;
     while (static_cast<std::size_t>(i) <= t.size() && t[static_cast<std::size_t>(i - 1)] >= '0' &&
            t[static_cast<std::size_t>(i - 1)] <= '9')

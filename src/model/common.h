@@ -6,6 +6,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "model/currency.h"
@@ -31,6 +32,15 @@ inline std::string DollarText(Currency c) {
 inline std::string DollarText(double v) {
     return FormatMoney(v, MoneyPattern::kDollar);
 }
+
+// ---- Text ---------------------------------------------------------------------------------
+
+// The text without blanks before and after.
+std::string TrimBlanks(std::string_view text);
+// Whether two texts are the same, whatever the case of their letters.
+bool EqualNoCase(std::string_view a, std::string_view b);
+// The order of a sorted list, which takes no account of case.
+bool LessNoCase(std::string_view a, std::string_view b);
 
 // ---- Rounding -----------------------------------------------------------------------------
 

@@ -4,17 +4,9 @@
 #include <cctype>
 
 #include "model/app_error.h"
+#include "model/common.h"
 
 namespace tt {
-
-namespace {
-bool LessNoCase(const std::string& a, const std::string& b) {
-    return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-        return std::tolower(static_cast<unsigned char>(x)) <
-               std::tolower(static_cast<unsigned char>(y));
-    });
-}
-}  // namespace
 
 int ListData::AddItem(std::string text, std::int64_t itemData) {
     if (!sorted_) {

@@ -63,12 +63,6 @@ std::string LeftChars(std::string_view text, std::size_t n) {
     return std::string(text.substr(0, i));
 }
 
-std::string TrimBlanks(std::string_view text) {
-    const std::size_t b = text.find_first_not_of(' ');
-    if (b == std::string_view::npos) return {};
-    return std::string(text.substr(b, text.find_last_not_of(' ') - b + 1));
-}
-
 std::string AlignRight(const std::string& text, std::int16_t& width) {
     if (width > 80) return {};
     const std::string t = TrimBlanks(text);

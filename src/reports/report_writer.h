@@ -39,8 +39,6 @@ class ReportLine {
 
 // The first n characters of a text (not bytes).
 std::string LeftChars(std::string_view text, std::size_t n);
-// The text without blanks before and after.
-std::string TrimBlanks(std::string_view text);
 
 // A text right-aligned in a width taken from 80 blanks: a width above 80 gives an empty text;
 // a text as long as the width or longer keeps its last `width` characters.

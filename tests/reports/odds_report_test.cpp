@@ -1,6 +1,7 @@
 // Report 4, the pools and odds of a race: each section at its columns, the sections chosen by
 // the part of Select Race to Print, the Daily Double of the race before, and where pages break.
 
+#include "model/common.h"
 #include "report_card.h"
 #include "reports/report_writer.h"
 
