@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, and starts Tamberlin Tally with the bundled example card at
-# the top of its recent files, so that the first-file chooser offers it selected.
+# Installs what is missing, builds, and starts Tamberlin Tally on the bundled example card, which
+# also goes to the top of its recent files for the next start.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 scripts/install-deps.sh
@@ -14,4 +14,4 @@ if [ ! -e "$conf" ]; then
   printf '[Settings]\nMainLeft=600\nMainTop=600\nMainWidth=15000\nMainHeight=11000\n' > "$conf"
 fi
 build/release/src/tally recent "$example"
-exec build/release/src/tamberlin-tally
+exec build/release/src/tamberlin-tally "$example"
