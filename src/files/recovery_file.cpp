@@ -28,14 +28,18 @@ bool HoldsRecoveryRecord(std::string_view data) {
     return false;
 }
 
+void CheckRecoveryText(std::string_view data) {
+    if (!G.FilePath.empty() && Files().SameFile(RF.RecoveryFile, G.FilePath))
+        throw AppError(kErrPathFileAccess);
+    if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
+}
+
 namespace {
 
-// Whether the log may add to or rewrite the recovery file: it is missing, empty, or holds a
-// record of the log. Anything else belongs to someone else and is left as it is.
+// Whether the log may add to or rewrite the recovery file: it is missing, or its text passes.
 void CheckRecoveryFile() {
     if (Files().Kind(RF.RecoveryFile) == FileKind::kMissing) return;
-    const std::string data = ReadRecoveryText();
-    if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
+    CheckRecoveryText(ReadRecoveryText());
 }
 
 }  // namespace
@@ -132,7 +136,7 @@ void ClearOldRecovery(std::int16_t days) {
     CloseRecoveryChannel();
     try {
         const std::string data = ReadRecoveryText();
-        if (!data.empty() && !HoldsRecoveryRecord(data)) throw AppError(kErrPathFileAccess);
+        CheckRecoveryText(data);
         FieldReader in(data);
         std::vector<RecoveryRow> rows;
         const double now = Clock().Now().Serial();

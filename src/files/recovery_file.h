@@ -58,6 +58,11 @@ std::string ReadRecoveryText();
 // recovery file with ReplaceFileContents of files/safe_file.h).
 bool HoldsRecoveryRecord(std::string_view data);
 
+// Raises the path/file access error when the log may not write to the recovery file whose text
+// this is: the file is the open card itself, or it is not empty and holds no record of the log
+// (someone else's file, added to or rewritten by mistake).
+void CheckRecoveryText(std::string_view data);
+
 // The file is never held open between operations; closing the channel is a no-op kept for
 // the places that close it.
 inline void CloseRecoveryChannel() {}

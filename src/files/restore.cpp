@@ -389,8 +389,9 @@ void RestoreTickets(const std::vector<RecoveryRow>& rows) {
 bool RewriteRecoveryLog(std::string_view text) {
     if (Files().Kind(RF.RecoveryFile) != FileKind::kMissing) {
         const std::string old = ReadRecoveryText();
-        if (!old.empty() && !HoldsRecoveryRecord(old)) {
-            AppError err(kErrPathFileAccess);
+        try {
+            CheckRecoveryText(old);
+        } catch (const AppError& err) {
             RecoveryFailure("processing", err.Number(), err.Text(), err.Source());
             return false;
         }

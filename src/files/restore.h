@@ -36,9 +36,9 @@ bool AskRestoreQuestion();
 void RestoreTickets(const std::vector<RecoveryRow>& rows);
 
 // Rewrites the recovery file whole with the text, through a flushed temporary renamed over it,
-// so that a failure leaves the old log. A file that is not empty and holds no record of the log
-// is someone else's: it is left as it is and the log is turned off with the recovery file's
-// warning, false then. Other failures raise the program's error.
+// so that a failure leaves the old log. The open card itself, or a file that is not empty and
+// holds no record of the log, is left as it is and the log is turned off with the recovery
+// file's warning, false then. Other failures raise the program's error.
 bool RewriteRecoveryLog(std::string_view text);
 
 enum class RestoreStatus { kCancelled, kRestored };

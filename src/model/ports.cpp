@@ -188,6 +188,13 @@ class RealFileSystem : public FileSystemPort {
         throw AppError(kErrPathFileAccess);
     }
 
+    bool SameFile(const std::string& a, const std::string& b) override {
+        struct stat sa {
+        }, sb{};
+        return ::stat(a.c_str(), &sa) == 0 && ::stat(b.c_str(), &sb) == 0 &&
+               sa.st_dev == sb.st_dev && sa.st_ino == sb.st_ino;
+    }
+
     std::string CreateTemporary(const std::string& beside) override {
         for (int tries = 0;; ++tries) {
             std::string name = beside + NameSuffix();

@@ -111,6 +111,10 @@ class FileSystemPort {
     virtual FileKind Kind(const std::string& path) = 0;
     // The file a path names once symbolic links are followed; the path itself otherwise.
     virtual std::string Target(const std::string& path) = 0;
+    // Whether two paths name one existing file, whatever links or spellings lead to it.
+    virtual bool SameFile(const std::string& a, const std::string& b) {
+        return Kind(a) != FileKind::kMissing && Target(a) == Target(b);
+    }
     // Creates an empty file in the folder of `beside`, under a name that no file had, and
     // returns that name.
     virtual std::string CreateTemporary(const std::string& beside) = 0;

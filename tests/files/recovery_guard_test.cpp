@@ -66,6 +66,23 @@ TEST_F(RecoveryGuard, AForeignFileIsLeftAsItWas) {
     EXPECT_EQ(world.files.files, (std::map<std::string, std::string>{{kLog, kNotes}}));
 }
 
+TEST_F(RecoveryGuard, TheOpenCardIsNeverItsOwnLog) {
+    // A card naming itself, with a stray log record among its lines that would pass for the log.
+    const std::string card = "\"%Header`\",\"Tamberlin Tally\",\"2.0\"\r\n%TTRecv`,\r\n";
+    G.FilePath = kLog;
+    world.files.files[kLog] = card;
+    TestRecoveryFile();
+    ExpectTurnedOff("opening", "75:  Path/File access error");
+    RF.RecoveryFlag = true;
+    LogTransaction({Row({2026, 5, 2, 14, 0, 0})});
+    EXPECT_FALSE(bool(RF.RecoveryFlag));
+    RF.RecoveryFlag = true;
+    ClearOldRecovery(0);
+    EXPECT_FALSE(bool(RF.RecoveryFlag));
+    EXPECT_EQ(world.files.files, (std::map<std::string, std::string>{{kLog, card}}));
+    G.FilePath.clear();
+}
+
 TEST_F(RecoveryGuard, SomethingThatIsNoRegularFileIsNeverOpened) {
     world.files.others.insert(kLog);
     TestRecoveryFile();
