@@ -13,6 +13,15 @@
 
 namespace tt {
 
+// The key codes and shift masks the ticket windows' key handlers take.
+inline constexpr int kKeyBackspace = 8;
+inline constexpr int kKeyEnter = 13;
+inline constexpr int kKeyF2 = 113;
+inline constexpr int kKeyF3 = 114;
+inline constexpr int kShiftMask = 1;
+inline constexpr int kCtrlMask = 2;
+inline constexpr int kAltMask = 4;
+
 // The action of a ticket in the transaction, and TicketMode: four characters, blank included.
 inline constexpr const char* kNewTicket = "New ";   // a new ticket
 inline constexpr const char* kNewAgain = "ENew";    // a new ticket opened again

@@ -16,14 +16,6 @@ namespace tt {
 
 namespace {
 
-constexpr int kKeyBackspace = 8;
-constexpr int kKeyEnter = 13;
-constexpr int kKeyF2 = 113;
-constexpr int kKeyF3 = 114;
-constexpr int kShiftMask = 1;
-constexpr int kCtrlMask = 2;
-constexpr int kAltMask = 4;
-
 // The bet type that a key of the type list stands for, 0 for none.
 int BetTypeOfKey(int key) {
     switch (std::toupper(key)) {

@@ -16,12 +16,6 @@ namespace tt {
 
 namespace {
 
-constexpr int kKeyBackspace = 8;
-constexpr int kKeyEnter = 13;
-constexpr int kKeyF2 = 113;
-constexpr int kCtrlMask = 2;
-constexpr int kAltMask = 4;
-
 bool IsNewMode() {
     return Betting.TicketMode == kNewTicket;
 }
