@@ -1,6 +1,8 @@
 // Peak memory of a load against the size of the file: at most four times the file and 64 MB.
 // Each file is loaded by a fresh process of this program, so that nothing of the generator is
-// counted. Exits with 1 when a load breaks the rule.
+// counted. Exits with 1 when a load breaks the rule or a load fails; a file that is gone by the
+// time its turn comes (a fuzzer still at work on the corpus deletes the inputs it shortens) is
+// counted apart, as neither.
 //
 //   bench_load_memory                 the large card and hand-made hostile files
 //   bench_load_memory --corpus DIR... every file of the folders (a fuzzing corpus)
@@ -11,10 +13,12 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "files/race_file_io.h"
@@ -51,17 +55,29 @@ class ReadOn : public tt::MessagePort {
     void Beep() override {}
 };
 
+// What a child's exit status says.
+constexpr int kWithin = 0;
+constexpr int kOver = 1;
+constexpr int kGone = 2;
+
 int Load(const char* path) {
-    // A card names its recovery file, which the load makes when it is missing: away from here.
     const fs::path file = fs::absolute(path);
-    fs::current_path(fs::temp_directory_path());
+    std::error_code gone;
+    const double size = static_cast<double>(fs::file_size(file, gone));
+    if (gone) {
+        std::printf("%s: gone\n", file.filename().c_str());
+        return kGone;
+    }
+    // A card names its recovery file, which the load makes when it is missing: in the run's
+    // own folder, which the parent removes, or else in the temporary folder.
+    const char* work = std::getenv("TALLY_LOAD_MEMORY_DIR");
+    fs::current_path(work ? fs::path(work) : fs::temp_directory_path());
     path = file.c_str();
     ReadOn answers;
     tt::Ports ports;
     ports.message = &answers;
     tt::PortsScope scope(ports);
     tt::ResetProcessState();
-    const double size = static_cast<double>(fs::file_size(path));
     const long before = PeakKb();
     tt::G.FilePath = path;
     tt::OpenRaceFile();
@@ -72,10 +88,11 @@ int Load(const char* path) {
                 fs::path(path).filename().c_str(), size / 1e6,
                 tt::G.CancelFlag || tt::G.FilePath.empty() ? "refused" : "loaded", grown / 1e6,
                 allowed / 1e6, 100.0 * grown / allowed);
-    return grown <= allowed ? 0 : 1;
+    return grown <= allowed ? kWithin : kOver;
 }
 
-// Loads a file in a fresh process; 0 when the rule holds.
+// Loads a file in a fresh process; kWithin when the rule holds, kOver, kGone, or anything else
+// for a load that failed.
 int LoadInChild(const char* self, const std::string& path) {
     std::fflush(stdout);
     pid_t child = fork();
@@ -85,8 +102,24 @@ int LoadInChild(const char* self, const std::string& path) {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 3;
+    if (WIFEXITED(status)) return WEXITSTATUS(status);
+    std::printf("%s: failed, signal %d\n", fs::path(path).filename().c_str(),
+                WIFSIGNALED(status) ? WTERMSIG(status) : 0);
+    return 128;
 }
+
+struct Tally {
+    int files = 0, over = 0, gone = 0, failed = 0;
+    void Count(int outcome) {
+        ++files;
+        if (outcome == kOver)
+            ++over;
+        else if (outcome == kGone)
+            ++gone;
+        else if (outcome != kWithin)
+            ++failed;
+    }
+};
 
 std::string TempPath(const std::string& name) {
     return (fs::temp_directory_path() /
@@ -126,14 +159,17 @@ std::vector<std::pair<std::string, std::string>> HostileFiles() {
 int main(int argc, char** argv) {
     if (argc == 3 && std::strcmp(argv[1], "--load") == 0) return Load(argv[2]);
 
-    int broken = 0, count = 0;
+    std::string work = TempPath("XXXXXX");
+    if (!mkdtemp(work.data())) {
+        std::perror("mkdtemp");
+        return 2;
+    }
+    setenv("TALLY_LOAD_MEMORY_DIR", work.c_str(), 1);
+    Tally tally;
     if (argc >= 3 && std::strcmp(argv[1], "--corpus") == 0) {
         for (int i = 2; i < argc; ++i)
-            for (const auto& e : fs::directory_iterator(argv[i])) {
-                if (!e.is_regular_file()) continue;
-                ++count;
-                if (LoadInChild(argv[0], e.path().string()) != 0) ++broken;
-            }
+            for (const auto& e : fs::directory_iterator(argv[i]))
+                if (e.is_regular_file()) tally.Count(LoadInChild(argv[0], e.path().string()));
     } else {
         tt::ResetProcessState();
         tt::bench::MakeLargeCard();
@@ -143,11 +179,15 @@ int main(int argc, char** argv) {
         for (const auto& [name, text] : files) {
             const std::string path = TempPath(name);
             std::ofstream(path, std::ios::binary) << text;
-            ++count;
-            if (LoadInChild(argv[0], path) != 0) ++broken;
+            tally.Count(LoadInChild(argv[0], path));
             std::remove(path.c_str());
         }
     }
-    std::printf("%d files, %d over four times their size and 64 MB\n", count, broken);
-    return broken == 0 ? 0 : 1;
+    std::error_code ignored;
+    fs::remove_all(work, ignored);
+    std::printf("%d files, %d over four times their size and 64 MB", tally.files, tally.over);
+    if (tally.gone) std::printf(", %d gone before their turn", tally.gone);
+    if (tally.failed) std::printf(", %d failed to load", tally.failed);
+    std::printf("\n");
+    return tally.over == 0 && tally.failed == 0 ? 0 : 1;
 }
