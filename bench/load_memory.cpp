@@ -102,10 +102,14 @@ int LoadInChild(const char* self, const std::string& path) {
     }
     int status = 0;
     waitpid(child, &status, 0);
-    if (WIFEXITED(status)) return WEXITSTATUS(status);
-    std::printf("%s: failed, signal %d\n", fs::path(path).filename().c_str(),
-                WIFSIGNALED(status) ? WTERMSIG(status) : 0);
-    return 128;
+    const int code = WIFEXITED(status) ? WEXITSTATUS(status) : 128;
+    if (code == kWithin || code == kOver || code == kGone) return code;
+    std::printf("%s: failed, %s %d\n", fs::path(path).filename().c_str(),
+                WIFEXITED(status) ? "exit" : "signal",
+                WIFEXITED(status)     ? code
+                : WIFSIGNALED(status) ? WTERMSIG(status)
+                                      : 0);
+    return code;
 }
 
 struct Tally {
